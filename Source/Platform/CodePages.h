@@ -1,0 +1,31 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "Platform/Export.h"
+#include "Platform/WideText.h"
+
+namespace Platform {
+
+enum class CodePage {
+    Utf8,
+    Thread,  // what SetThreadCodePage set, else the codeset of the thread's locale; UTF-8 for the "C" locale
+    System,  // the codeset of the locale that the process's environment names, by the same rule
+};
+
+// Sets the code page of the calling thread: any name that the platform's converters know, or an empty name to
+// go back to the locale's. Unknown names are taken and make conversions through CodePage::Thread fail.
+PLATFORM_API void SetThreadCodePage(std::string_view name);
+
+// Converts all bytes, zero bytes included. Each byte that is no text of the code page becomes U+FFFD. Gives
+// false, and leaves `text` as it was, only for an unknown code page. Throws ResultError or std::bad_alloc
+// without memory.
+PLATFORM_API bool ConvertToWide(CodePage page, std::string_view bytes, WideText& text);
+
+// The way back. Each character that the code page doesn't have, and each lone surrogate, becomes U+FFFD where
+// the code page has that, as UTF-8 does, else "?". Gives false, and leaves `bytes` as it was, only for an
+// unknown code page. Throws std::bad_alloc without memory.
+PLATFORM_API bool ConvertFromWide(CodePage page, std::u16string_view units, std::string& bytes);
+
+}  // namespace Platform

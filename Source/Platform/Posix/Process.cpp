@@ -1,0 +1,16 @@
+#include "Platform/Process.h"
+
+#include <signal.h>
+#include <unistd.h>
+
+namespace Platform {
+
+bool IsTerminal(StandardStream stream) {
+    return isatty(stream == StandardStream::Output ? STDOUT_FILENO : STDERR_FILENO) == 1;
+}
+
+TokenHandle GetCallingUser() { return {getuid()}; }
+
+void IgnoreClosedPipes() { signal(SIGPIPE, SIG_IGN); }
+
+}  // namespace Platform

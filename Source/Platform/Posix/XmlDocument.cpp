@@ -1,0 +1,224 @@
+#include <libxml/tree.h>
+#include <libxml/xmlsave.h>
+#include <libxml/xpath.h>
+#include <libxml/xpathInternals.h>
+
+#include <algorithm>
+#include <new>
+#include <utility>
+#include <vector>
+
+#include "Platform/CodePages.h"
+#include "Platform/ResultError.h"
+#include "Platform/TicketDocument.h"
+#include "XPathQueries.h"
+#include "XmlParser.h"
+#include "XmlTree.h"
+
+namespace Platform {
+namespace {
+
+const xmlChar* XmlChars(const std::string& text) { return reinterpret_cast<const xmlChar*>(text.c_str()); }
+
+std::string Utf8(std::u16string_view units) {
+    std::string bytes;
+    ConvertFromWide(CodePage::Utf8, units, bytes);
+    return bytes;
+}
+
+WideText WideOfUtf8(std::string_view bytes) {
+    WideText text;
+    ConvertToWide(CodePage::Utf8, bytes, text);
+    return text;
+}
+
+// The text in UTF-8 as a document may hold it: characters that XML doesn't have become U+FFFD.
+std::string Utf8ForXml(std::u16string_view text) {
+    const auto isForbidden = [](char16_t unit) {
+        return unit >= 0xFFFE || (unit < 0x20 && unit != '\t' && unit != '\n' && unit != '\r');
+    };
+    std::u16string units(text);
+    std::ranges::replace_if(units, isForbidden, u'\xFFFD');
+    return Utf8(units);
+}
+
+class Node final : public IXMLDOMNode {
+public:
+    Node(std::shared_ptr<Tree> tree, xmlNodePtr node) : tree_(std::move(tree)), node_(node) {}
+
+    WideText text() const override {
+        const MemoryWatch watch;
+        const std::unique_ptr<xmlChar, decltype(xmlFree)> content(xmlNodeGetContent(node_), xmlFree);
+        watch.ThrowIfExhausted();
+        if (!content) ThrowResult(ResultOutOfMemory);
+        return WideOfUtf8(reinterpret_cast<const char*>(content.get()));
+    }
+
+    bool setText(const WideText& text) override {
+        if (node_->type != XML_ELEMENT_NODE && node_->type != XML_ATTRIBUTE_NODE) return false;
+        const std::string content = Utf8ForXml(text.View());
+        tree_->MakeRoom(childNodesLength());
+        const MemoryWatch watch;
+        std::unique_ptr<xmlNode, decltype(&xmlFreeNode)> replacement(nullptr, xmlFreeNode);
+        if (!content.empty()) replacement.reset(xmlNewDocText(node_->doc, XmlChars(content)));
+        watch.ThrowIfExhausted();
+        while (node_->children != nullptr) tree_->Keep(node_->children);
+        if (replacement) xmlAddChild(node_, replacement.release());
+        return true;
+    }
+
+    TicketNode parentNode() const override {
+        if (node_->type == XML_ATTRIBUTE_NODE || node_->parent == nullptr) return nullptr;
+        return std::make_shared<Node>(tree_, node_->parent);
+    }
+
+    bool removeChild(const TicketNode& child) override {
+        const auto* other = dynamic_cast<const Node*>(child.get());
+        if (other == nullptr || other->node_->parent != node_) return false;
+        if (other->node_->type == XML_ATTRIBUTE_NODE) return false;
+        tree_->MakeRoom(1);
+        tree_->Keep(other->node_);
+        return true;
+    }
+
+    std::size_t childNodesLength() const override {
+        std::size_t length = 0;
+        for (xmlNodePtr child = node_->children; child != nullptr; child = child->next) ++length;
+        return length;
+    }
+
+private:
+    std::shared_ptr<Tree> tree_;
+    xmlNodePtr node_;
+};
+
+using Namespaces = std::vector<std::pair<std::string, std::string>>;
+
+// Takes declarations of the form xmlns:prefix='uri', separated by white space, apart. False for other texts.
+bool ParseNamespaces(std::string_view text, Namespaces& namespaces) {
+    constexpr std::string_view blanks = " \t\r\n";
+    while (true) {
+        text.remove_prefix(std::min(text.find_first_not_of(blanks), text.size()));
+        if (text.empty()) return true;
+        const std::size_t equals = text.find('=');
+        if (!text.starts_with("xmlns:") || equals == text.npos || equals + 1 == text.size()) return false;
+        const char quote = text[equals + 1];
+        const std::size_t end = text.find(quote, equals + 2);
+        if ((quote != '\'' && quote != '"') || end == text.npos || end == equals + 2) return false;
+        namespaces.emplace_back(text.substr(6, equals - 6), text.substr(equals + 2, end - equals - 2));
+        if (xmlValidateNCName(XmlChars(namespaces.back().first), 0) != 0) return false;
+        text.remove_prefix(end + 1);
+        if (!text.empty() && blanks.find(text.front()) == blanks.npos) return false;
+    }
+}
+
+QueryContext NewContext(const Tree& tree, const Namespaces& namespaces) {
+    const MemoryWatch watch;
+    QueryContext context(xmlXPathNewContext(tree.Document), xmlXPathFreeContext);
+    if (!context) ThrowResult(ResultOutOfMemory);
+    for (const auto& [prefix, uri] : namespaces)
+        if (xmlXPathRegisterNs(context.get(), XmlChars(prefix), XmlChars(uri)) != 0)
+            ThrowResult(ResultOutOfMemory);
+    watch.ThrowIfExhausted();
+    return context;
+}
+
+const char* Declaration(int standalone) {
+    if (standalone < 0) return "<?xml version=\"1.0\"?>\n";
+    return standalone == 0 ? "<?xml version=\"1.0\" standalone=\"no\"?>\n"
+                           : "<?xml version=\"1.0\" standalone=\"yes\"?>\n";
+}
+
+class Document final : public IXMLDOMDocument2 {
+public:
+    explicit Document(std::shared_ptr<Tree> tree) : tree_(std::move(tree)) {}
+
+    bool setProperty(std::u16string_view name, std::u16string_view value) override {
+        if (name != u"SelectionNamespaces") return false;
+        std::string text = Utf8(value);
+        if (text == namespacesText_) return true;
+        Namespaces namespaces;
+        if (!ParseNamespaces(text, namespaces)) return false;
+        tree_->Context = NewContext(*tree_, namespaces);
+        namespaces_ = std::move(namespaces);
+        namespacesText_ = std::move(text);
+        return true;
+    }
+
+    bool selectSingleNode(std::u16string_view query, TicketNode& node) override {
+        node = nullptr;
+        try {
+            return Select(Utf8(query), node);
+        } catch (const std::bad_alloc&) {
+            ThrowResult(ResultOutOfMemory);
+        }
+    }
+
+    WideText xml() const override {
+        const MemoryWatch watch;
+        const std::unique_ptr<xmlBuffer, decltype(&xmlBufferFree)> buffer(xmlBufferCreate(), xmlBufferFree);
+        if (!buffer) ThrowResult(ResultOutOfMemory);
+        xmlBufferSetAllocationScheme(buffer.get(), XML_BUFFER_ALLOC_DOUBLEIT);
+        xmlSaveCtxtPtr saving = xmlSaveToBuffer(buffer.get(), "UTF-8", XML_SAVE_AS_XML | XML_SAVE_NO_DECL);
+        if (saving == nullptr) ThrowResult(ResultOutOfMemory);
+        const bool failed = xmlSaveDoc(saving, tree_->Document) < 0;
+        if (xmlSaveClose(saving) < 0 || failed) ThrowResult(ResultOutOfMemory);
+        watch.ThrowIfExhausted();
+        std::string text = Declaration(tree_->Document->standalone);
+        text.append(reinterpret_cast<const char*>(xmlBufferContent(buffer.get())),
+                    static_cast<std::size_t>(xmlBufferLength(buffer.get())));
+        return WideOfUtf8(text);
+    }
+
+    bool loadXML(const WideText& text, ParseError* error) override {
+        std::shared_ptr<Tree> tree = Parse(Utf8(text.View()), Encoding::Utf8, error);
+        if (!tree) return false;
+        tree->Context = NewContext(*tree, namespaces_);
+        tree_ = std::move(tree);
+        return true;
+    }
+
+private:
+    bool Select(std::string query, TicketNode& node) {
+        if (query.find('\0') != query.npos) return false;
+        const MemoryWatch watch;
+        const LentQuery compiled(std::move(query));
+        xmlXPathObjectPtr found = nullptr;
+        if (compiled.Get() != nullptr) {
+            tree_->Context->node = reinterpret_cast<xmlNodePtr>(tree_->Document);
+            found = xmlXPathCompiledEval(compiled.Get(), tree_->Context.get());
+        }
+        const std::unique_ptr<xmlXPathObject, decltype(&xmlXPathFreeObject)> owner(found, xmlXPathFreeObject);
+        watch.ThrowIfExhausted();
+        if (found == nullptr || found->type != XPATH_NODESET) return false;
+        if (found->nodesetval == nullptr || found->nodesetval->nodeNr == 0) return true;
+        xmlXPathNodeSetSort(found->nodesetval);
+        xmlNodePtr first = found->nodesetval->nodeTab[0];
+        if (first->type == XML_NAMESPACE_DECL) return false;  // a copy that dies with the query's result
+        node = std::make_shared<Node>(tree_, first);
+        return true;
+    }
+
+    std::shared_ptr<Tree> tree_;
+    Namespaces namespaces_;
+    std::string namespacesText_;
+};
+
+TicketDocument Load(std::string_view bytes, Encoding encoding, ParseError& error) {
+    std::shared_ptr<Tree> tree = Parse(bytes, encoding, &error);
+    if (!tree) return nullptr;
+    tree->Context = NewContext(*tree, {});
+    return std::make_shared<Document>(std::move(tree));
+}
+
+}  // namespace
+
+TicketDocument LoadTicketDocument(std::string_view bytes, ParseError& error) {
+    return Load(bytes, Encoding::AsDeclared, error);
+}
+
+TicketDocument LoadTicketDocument(const WideText& text, ParseError& error) {
+    return Load(Utf8(text.View()), Encoding::Utf8, error);
+}
+
+}  // namespace Platform

@@ -1,0 +1,142 @@
+#include "XmlParser.h"
+
+#include <libxml/SAX2.h>
+#include <libxml/parser.h>
+#include <libxml/parserInternals.h>
+#include <libxml/xpathInternals.h>
+
+#include <algorithm>
+#include <climits>
+#include <mutex>
+#include <new>
+#include <utility>
+
+namespace Platform {
+namespace {
+
+constexpr int mostElementsDeep = 256;
+constexpr int longestText = 10'000'000;
+
+// What a parse must know beside its document: what went wrong first, and the text that is growing.
+struct ParseRecord {
+    ParseError Error;
+    bool Failed = false;
+    bool OutOfMemory = false;
+    const xmlNode* Text = nullptr;
+    int TextLength = 0;  // in bytes of UTF-8
+
+    // Reasons come from the parser with line ends.
+    void Note(int line, int column, const char* reason) noexcept {
+        if (std::exchange(Failed, true)) return;
+        try {
+            Error = {line, column, reason};
+        } catch (const std::bad_alloc&) {
+            OutOfMemory = true;
+        }
+        while (Error.Reason.ends_with('\n')) Error.Reason.pop_back();
+        std::ranges::replace(Error.Reason, '\n', ' ');
+    }
+};
+
+ParseRecord& RecordOf(void* parser) {
+    return *static_cast<ParseRecord*>(static_cast<xmlParserCtxtPtr>(parser)->_private);
+}
+
+void Refuse(void* context, const char* reason) {
+    auto* parser = static_cast<xmlParserCtxtPtr>(context);
+    RecordOf(parser).Note(parser->input->line, parser->input->col, reason);
+    xmlStopParser(parser);
+}
+
+void OnParseError(void* parser, xmlErrorPtr error) {
+    // The names of namespaces needn't be addresses, only differ.
+    if (error->level < XML_ERR_ERROR || error->code == XML_WAR_NS_URI) return;
+    ParseRecord& record = RecordOf(parser);
+    if (error->code == XML_ERR_NO_MEMORY || error->message == nullptr) record.OutOfMemory = true;
+    record.Note(error->line, error->int2, error->message == nullptr ? "" : error->message);
+}
+
+// A document type may name files to fetch and entities to expand, and no ticket has one.
+void OnDocumentType(void* parser, const xmlChar*, const xmlChar*, const xmlChar*) {
+    Refuse(parser, "a DOCTYPE is not allowed");
+}
+
+// The parser's own limits on depth and length depend on its version and on the encoding; these don't, so that
+// what was taken from a file is taken again when its text comes back.
+void OnElement(void* parser, const xmlChar* name, const xmlChar* prefix, const xmlChar* uri,
+               int namespaceCount, const xmlChar** namespaces, int attributeCount, int defaultCount,
+               const xmlChar** attributes) {
+    if (static_cast<xmlParserCtxtPtr>(parser)->nodeNr >= mostElementsDeep)
+        return Refuse(parser, "elements more than 256 deep");
+    xmlSAX2StartElementNs(parser, name, prefix, uri, namespaceCount, namespaces, attributeCount, defaultCount,
+                          attributes);
+}
+
+// Called once or more for each text; the pieces of one text grow one node.
+void OnCharacters(void* context, const xmlChar* characters, int length) {
+    const auto* parser = static_cast<xmlParserCtxtPtr>(context);
+    ParseRecord& record = RecordOf(context);
+    if (parser->node == nullptr || parser->node->last != record.Text) record.TextLength = 0;
+    if (length > longestText - record.TextLength)
+        return Refuse(context, "a text of more than 10 million bytes");
+    xmlSAX2Characters(context, characters, length);
+    record.TextLength += length;
+    record.Text = parser->node == nullptr ? nullptr : parser->node->last;
+}
+
+using Parser = std::unique_ptr<xmlParserCtxt, decltype(&xmlFreeParserCtxt)>;
+
+Parser NewParser(ParseRecord& record) {
+    Parser parser(xmlNewParserCtxt(), xmlFreeParserCtxt);
+    if (!parser) ThrowResult(ResultOutOfMemory);
+    parser->_private = &record;
+    parser->sax->serror = OnParseError;
+    parser->sax->internalSubset = OnDocumentType;
+    parser->sax->startElementNs = OnElement;
+    parser->sax->characters = OnCharacters;
+    parser->sax->ignorableWhitespace = OnCharacters;
+    return parser;
+}
+
+std::unique_ptr<Tree> ParseInto(ParseRecord& record, std::string_view bytes, Encoding encoding) {
+    if (bytes.size() > INT_MAX) {
+        record.Note(0, 0, "a document of 2 GiB or more");
+        return nullptr;
+    }
+    // The parser would guess at an encoding of wider units.
+    if (encoding == Encoding::Utf8 && bytes.substr(0, 4).find('\0') != bytes.npos) {
+        record.Note(1, 1, "a zero character");
+        return nullptr;
+    }
+    const Parser parser = NewParser(record);
+    const int options = XML_PARSE_NONET | (encoding == Encoding::Utf8 ? XML_PARSE_IGNORE_ENC : 0);
+    OwnedDocument document(xmlCtxtReadMemory(parser.get(), bytes.data() == nullptr ? "" : bytes.data(),
+                                             static_cast<int>(bytes.size()), nullptr, nullptr, options),
+                           xmlFreeDoc);
+    if (!document) record.Note(0, 0, "not well-formed");
+    // The parser takes a zero character behind the root element for the end.
+    if (!record.Failed && parser->input->cur < parser->input->end) Refuse(parser.get(), "a zero character");
+    if (record.Failed) return nullptr;
+    return std::make_unique<Tree>(std::move(document));
+}
+
+}  // namespace
+
+std::shared_ptr<Tree> Parse(std::string_view bytes, Encoding encoding, ParseError* error) {
+    // Ahead of all else that touches the library, which several threads must not be the first to use.
+    static std::once_flag once;
+    std::call_once(once, xmlInitParser);
+    const MemoryWatch watch;
+    ParseRecord record;
+    std::shared_ptr<Tree> tree = ParseInto(record, bytes, encoding);
+    watch.ThrowIfExhausted();
+    if (record.OutOfMemory) ThrowResult(ResultOutOfMemory);
+    if (!tree) {
+        if (error != nullptr) *error = std::move(record.Error);
+        return nullptr;
+    }
+    xmlXPathOrderDocElems(tree->Document);  // so that putting matches in document order takes no walking
+    return tree;
+}
+
+}  // namespace Platform

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string_view>
+#include <variant>
+
+#include "Platform/Export.h"
+#include "Platform/WideText.h"
+
+namespace Platform {
+
+// The property bag of a printer's driver or of its queue. Names compare exactly.
+class PLATFORM_API IPrinterPropertyBag {
+public:
+    virtual ~IPrinterPropertyBag();
+    // Give false, and leave `value` as it was, when the bag has no such property or one of another type.
+    virtual bool GetString(std::u16string_view name, WideText& value) const = 0;
+    virtual bool GetInt32(std::u16string_view name, std::int32_t& value) const = 0;
+};
+
+// Who submitted the job.
+struct TokenHandle {
+    std::uint32_t UserId = 0;
+};
+
+// A value of no type that carries an address. Not owned: whoever stores it keeps what stands there alive.
+struct BareReference {
+    const void* Address = nullptr;
+};
+
+// What a pipeline property holds. WideText may be null.
+using PropertyValue = std::variant<std::monostate, WideText, std::int32_t, TokenHandle, BareReference,
+                                   std::shared_ptr<IPrinterPropertyBag>>;
+
+// The property bag that the filters of one print pipeline share. Names compare exactly.
+class PLATFORM_API IPrintPipelinePropertyBag {
+public:
+    virtual ~IPrintPipelinePropertyBag();
+    // Gives false, and leaves `value` as it was, when there is no such property.
+    virtual bool GetProperty(std::u16string_view name, PropertyValue& value) const = 0;
+    // Gives false when the property is there already; its old value then stays.
+    virtual bool AddProperty(std::u16string_view name, const PropertyValue& value) = 0;
+    // Gives false when there is no such property.
+    virtual bool DeleteProperty(std::u16string_view name) = 0;
+};
+
+// Counted references, as the module and its hosts pass them.
+using PipelineBag = std::shared_ptr<IPrintPipelinePropertyBag>;
+using DriverBag = std::shared_ptr<IPrinterPropertyBag>;
+using QueueBag = std::shared_ptr<IPrinterPropertyBag>;
+
+}  // namespace Platform

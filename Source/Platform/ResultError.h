@@ -1,0 +1,34 @@
+#pragma once
+
+#include <cstdint>
+#include <exception>
+
+#include "Platform/Export.h"
+
+namespace Platform {
+
+// Result codes, as unsigned 32-bit values.
+inline constexpr std::uint32_t ResultOutOfMemory = 0x8007000E;  // a text or a document could not be allocated
+inline constexpr std::uint32_t ResultNoStringService =
+    0x80004005;  // formatting a number found no string service
+inline constexpr std::uint32_t ResultUnknownCodePage = 0x80070057;  // no converter for the code page in force
+
+// The error that carries a result code. Its class lives in the platform library alone, so that module and
+// host agree on its type and a host can catch what the module throws.
+class PLATFORM_API ResultError : public std::exception {
+public:
+    explicit ResultError(std::uint32_t code) noexcept;
+    ~ResultError() override;
+
+    std::uint32_t Code() const noexcept { return code_; }
+    const char* what() const noexcept override { return text_; }
+
+private:
+    std::uint32_t code_;
+    char text_[24];  // "result code 0x8007000E", kept here because building it must not need memory
+};
+
+// Throws a ResultError with this code.
+[[noreturn]] PLATFORM_API void ThrowResult(std::uint32_t code);
+
+}  // namespace Platform

@@ -1,0 +1,73 @@
+#pragma once
+
+#include <cstddef>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "Platform/Export.h"
+#include "Platform/WideText.h"
+
+namespace Platform {
+
+class IXMLDOMNode;
+class IXMLDOMDocument2;
+using TicketNode = std::shared_ptr<IXMLDOMNode>;
+using TicketDocument = std::shared_ptr<IXMLDOMDocument2>;
+
+// A node of a document. It stays valid memory for as long as it is held, also when it is removed or when the
+// document is loaded anew: it then belongs to what was, and changes to it no longer show in the document.
+// Operations throw ResultError (ResultOutOfMemory) or std::bad_alloc without memory, and leave all as it was.
+class PLATFORM_API IXMLDOMNode {
+public:
+    virtual ~IXMLDOMNode();
+    // The whole string value, exactly as it stands: white space kept, comments left out.
+    virtual WideText text() const = 0;
+    // Replaces everything in an element, or an attribute's value, by the text, which is escaped as needed;
+    // what XML can't hold, such as control characters, becomes U+FFFD. False for nodes of other kinds.
+    virtual bool setText(const WideText& text) = 0;
+    // Null for the document, an attribute and a removed node.
+    virtual TicketNode parentNode() const = 0;
+    // Takes `child` out, and nothing beside it. False when it is no child of this node.
+    virtual bool removeChild(const TicketNode& child) = 0;
+    // How many children there are: elements, texts, also of mere white space, comments and whatever else.
+    virtual std::size_t childNodesLength() const = 0;
+};
+
+// Why a text was refused, in one line. Line and column count from 1; both are 0 where no place is known.
+struct ParseError {
+    int Line = 0;
+    int Column = 0;
+    std::string Reason;
+};
+
+// A Print Ticket.
+class PLATFORM_API IXMLDOMDocument2 {
+public:
+    virtual ~IXMLDOMDocument2();
+    // Knows "SelectionNamespaces": declarations of the form xmlns:prefix='uri', separated by white space,
+    // which hold for all queries to come, reloads included, in place of those before. False, and nothing
+    // changed, for other names and malformed values.
+    virtual bool setProperty(std::u16string_view name, std::u16string_view value) = 0;
+    // The first match of an XPath 1.0 query in document order, null where there is none. False, with `node`
+    // null, when the query is malformed, uses an unknown prefix or function, or gives no nodes or a namespace
+    // node. Throws ResultError (ResultOutOfMemory): lack of memory never looks like lack of a node.
+    virtual bool selectSingleNode(std::u16string_view query, TicketNode& node) = 0;
+    // The document as text, with a declaration that names no encoding and no change of format but that an
+    // element's namespace declarations stand ahead of its attributes. loadXML takes it.
+    virtual WideText xml() const = 0;
+    // Replaces the document by the text, which must be namespace-well-formed XML 1.0 without a DOCTYPE, no
+    // deeper than 256 elements and with no text of more than 10 million bytes in UTF-8; for attributes and
+    // comments the limit may lie a little lower. An encoding named in it counts for nothing.
+    // False, and the document as it was, for a text that is refused; `error`, where given, then says why.
+    virtual bool loadXML(const WideText& text, ParseError* error = nullptr) = 0;
+};
+
+// A document loaded from a file's bytes, in the encoding that they declare or that a byte order mark shows,
+// else UTF-8; otherwise by loadXML's rules. Null for bytes that are refused; `error` then says why.
+PLATFORM_API TicketDocument LoadTicketDocument(std::string_view bytes, ParseError& error);
+
+// The same from a text.
+PLATFORM_API TicketDocument LoadTicketDocument(const WideText& text, ParseError& error);
+
+}  // namespace Platform

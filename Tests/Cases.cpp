@@ -1,0 +1,38 @@
+#include "Cases.h"
+
+#include <json/reader.h>
+
+#include <fstream>
+#include <stdexcept>
+
+#include "Platform/CodePages.h"
+
+namespace Platform {
+void PrintTo(const WideText& text, std::ostream* out) { *out << DeviceSpecificModule::Narrow(text); }
+}  // namespace Platform
+
+namespace DeviceSpecificModule {
+
+WideText Wide(std::string_view text) {
+    WideText wide;
+    Platform::ConvertToWide(Platform::CodePage::Utf8, text, wide);
+    return wide;
+}
+
+std::string Narrow(const WideText& text) {
+    std::string narrow;
+    Platform::ConvertFromWide(Platform::CodePage::Utf8, text.View(), narrow);
+    return text.IsNull() ? "(null)" : narrow;
+}
+
+Json::Value ReadCases(const std::string& file) {
+    std::ifstream stream(TEST_DATA_DIR "/" + file);
+    Json::Value cases;
+    std::string errors;
+    if (!Json::parseFromStream(Json::CharReaderBuilder(), stream, &cases, &errors) || !cases.isArray() ||
+        cases.empty())
+        throw std::runtime_error("no cases in " + file + ": " + errors);
+    return cases;
+}
+
+}  // namespace DeviceSpecificModule

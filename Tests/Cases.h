@@ -1,0 +1,26 @@
+#pragma once
+
+#include <json/value.h>
+
+#include <ostream>
+#include <string>
+#include <string_view>
+
+#include "Platform/WideText.h"
+
+namespace Platform {
+void PrintTo(const WideText& text, std::ostream* out);  // for messages of failed checks
+}
+
+namespace DeviceSpecificModule {
+
+using Platform::WideText;
+
+// UTF-8 to a text and back. A null text reads "(null)".
+WideText Wide(std::string_view text);
+std::string Narrow(const WideText& text);
+
+// The cases of a file below Tests/Data: a JSON list that is not empty.
+Json::Value ReadCases(const std::string& file);
+
+}  // namespace DeviceSpecificModule
