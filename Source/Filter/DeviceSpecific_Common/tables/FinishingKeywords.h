@@ -1,0 +1,49 @@
+#pragma once
+
+#include <string_view>
+
+#include "tables/KeywordCommand.h"
+#include "tables/TableChecks.h"
+
+// Layout, image shift, chapters, and how the engine renders and finishes a page.
+
+namespace DeviceSpecificModule {
+
+inline constexpr KeywordCommand LayoutCommandTable[] = {{u"Off", u""}, {u"Bl4in1", u""}, {}};
+
+inline constexpr KeywordCommand ImageShiftCommandTable[] = {{u"Off", u""}, {u"Controller", u""}, {}};
+inline constexpr KeywordCommand ImageShiftInfoCommandTable[] = {{u"CMD", u""}, {}};
+inline constexpr std::u16string_view ImageShiftInfoParameters[] = {u"ImageShiftInfo", {}};
+
+inline constexpr KeywordCommand ChapterModeCommandTable[] = {{u"Off", u""}, {u"On", u""}, {}};
+inline constexpr KeywordCommand ChapterCommandTable[] = {{u"CMD", u""}, {}};
+inline constexpr std::u16string_view ChapterParameters[] = {u"Chapter", {}};
+
+inline constexpr KeywordCommand GlossyModeCommandTable[] = {{u"Off", u""}, {u"On", u""}, {}};
+inline constexpr KeywordCommand EdgeEnhancementCommandTable[] = {{u"Off", u""}, {u"On", u""}, {}};
+inline constexpr KeywordCommand EdgeMatchCommandTable[] = {{u"Finish", u""}, {u"Speed", u""}, {}};
+
+inline constexpr KeywordCommand ExposureCommandTable[] = {
+    {u"Document", u""}, {u"Photo", u""}, {u"DTP", u""}, {u"Web", u""}, {u"CAD", u""}, {},
+};
+
+inline constexpr KeywordCommand TColorCommandTable[] = {{u"Off", u""}, {u"On", u""}, {}};
+inline constexpr KeywordCommand TColorTypeCommandTable[] = {
+    {u"BlackR", u""},
+    {u"BlackB", u""},
+    {u"BlackG", u""},
+    {u"BlackC", u""},
+    {u"BlackM", u""},
+    {u"BlackY", u""},
+    {},
+};
+
+static_assert(AreFormatTables(ImageShiftInfoCommandTable, ChapterCommandTable));
+static_assert(AreSingleNames(ImageShiftInfoParameters, ChapterParameters));
+static_assert(AreOptionTables(2, LayoutCommandTable, ImageShiftCommandTable, ChapterModeCommandTable,
+                              GlossyModeCommandTable, EdgeEnhancementCommandTable, EdgeMatchCommandTable,
+                              TColorCommandTable));
+static_assert(AreOptionTables(5, ExposureCommandTable));
+static_assert(AreOptionTables(6, TColorTypeCommandTable));
+
+}  // namespace DeviceSpecificModule

@@ -1,0 +1,108 @@
+#include <array>
+#include <cstddef>
+
+#include "tables/MediaTypeRows.h"
+#include "tables/OptionTables.h"
+#include "tables/PostScriptTexts.h"
+#include "tables/RecordBuilding.h"
+
+namespace DeviceSpecificModule {
+namespace {
+
+constexpr std::array<std::u16string_view, 7> propertyNames = {
+    u"BackCoating", u"FrontCoating", u"Material", u"PrePrinted", u"PrePunched", u"Recycled", u"Weight",
+};
+using PropertyValues = std::array<std::u16string_view, propertyNames.size()>;
+
+PropertyValues Properties(const MediaTypeRow& row, bool preprinted) {
+    const std::u16string_view none = u"None";
+    if (row.Form == MediaForm::UserDefined)
+        return {none, none, u"Paper", preprinted ? u"PrePrinted" : u"OFF", u"OFF", none, u"NORMAL"};
+    const MediaDescription& medium = row.Description;
+    const std::u16string_view prePrinted = preprinted ? u"PrePrinted" : medium.PrePrinted;
+    return {none, none, medium.Material, prePrinted, none, none, u"Undefined"};
+}
+
+WideText MediumFragment(const MediaTypeRow& row, bool preprinted) {
+    const MediaDescription& medium = row.Description;
+    const PropertyValues values = Properties(row, preprinted);
+    WideText fragment;
+    AddPieces(fragment, {u"<psf:Feature name=\"psk:PageMediaType\"><psf:Option name=\"",
+                         preprinted ? u"xr" : medium.OptionPrefix, u":", medium.Option,
+                         preprinted ? u"Preprinted" : u"", u"\">"});
+    for (std::size_t property = 0; property < values.size(); ++property)
+        AddPieces(fragment, {u"<psf:ScoredProperty name=\"psk:", propertyNames[property],
+                             u"\"><psf:Value xsi:type=\"xsd:string\">", values[property],
+                             u"</psf:Value></psf:ScoredProperty>"});
+    return JoinPieces({fragment.View(), u"</psf:Option></psf:Feature>"});
+}
+
+WideText TypeFragment(const MediaTypeRow& row, bool preprinted) {
+    if (row.Form == MediaForm::Nothing) return WideText(u"");
+    if (row.Form == MediaForm::Zero) return WideText(u"0");
+    return MediumFragment(row, preprinted);
+}
+
+// The two forms differ in the blank behind ">>" too.
+WideText TypePostScript(const MediaTypeRow& row, bool preprinted) {
+    const MediaDescription& medium = row.Description;
+    const std::u16string_view truth = preprinted ? u"true" : u"false";
+    if (row.Form == MediaForm::UserDefined)
+        return JoinPieces(
+            {u"<</XRMediaType (", medium.Option, u") /MediaPreprinted ", truth, u">> ", SetDeviceOptions});
+    if (row.Form == MediaForm::Described)
+        return JoinPieces({u"<</", medium.TypeKey, u" (", medium.Type, u") /XRMediaColor (", medium.Color,
+                           u") /XRMediaWeight (", medium.Weight, u") /MediaTabType (None) /MediaPreprinted ",
+                           truth, u" /MediaPrepunched false>>", SetDeviceOptions});
+    return WideText(u"");
+}
+
+WideText TypeData(const MediaTypeRow& row, bool preprinted) {
+    if (row.Data.empty() || preprinted) return WideText(u"");
+    return JoinPieces({u"ubyte_array \"", row.Data, u"\" MediaType\r\n"});
+}
+
+OptionRecord TypeRecord(const MediaTypeRow& row, bool preprinted) {
+    const WideText zero(u"0");
+    return {
+        .Id = 0,
+        .Keyword = WideText(preprinted ? row.PreprintedKeyword : row.Keyword),
+        .PairedKeyword = zero,
+        .TicketFragment = TypeFragment(row, preprinted),
+        .JobCommand = WideText(u""),
+        .FourInOneJobCommand = zero,
+        .NamespacePrefix = zero,
+        .PostScriptCommand = TypePostScript(row, preprinted),
+        .DataCommand = TypeData(row, preprinted),
+        .ExtraText = WideText(u""),
+        .DeviceName = WideText(row.DeviceName),
+    };
+}
+
+constexpr std::size_t CountMediaTypes() {
+    std::size_t count = 1;  // the terminating row
+    for (const MediaTypeRow& row : MediaTypeRows) count += row.PreprintedKeyword.empty() ? 1 : 2;
+    return count;
+}
+
+using Records = std::array<OptionRecord, MediaTypeCount>;
+
+Records BuildMediaTypes() {
+    static_assert(MediaTypeCount == CountMediaTypes());
+    Records records;
+    auto record = records.begin();
+    for (const MediaTypeRow& row : MediaTypeRows) {
+        *record++ = TypeRecord(row, false);
+        if (!row.PreprintedKeyword.empty()) *record++ = TypeRecord(row, true);
+    }
+    return records;
+}
+
+}  // namespace
+
+std::span<const OptionRecord> MediaTypeRecords() {
+    static const Records records = BuildMediaTypes();
+    return records;
+}
+
+}  // namespace DeviceSpecificModule

@@ -1,0 +1,157 @@
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <fstream>
+#include <map>
+#include <memory>
+#include <set>
+#include <span>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "tables/CarbonCopyKeywords.h"
+#include "tables/CopySecurityKeywords.h"
+#include "tables/ExportedTables.h"
+#include "tables/FinishingKeywords.h"
+#include "tables/HeaderFooterKeywords.h"
+#include "tables/JobKeywords.h"
+#include "tables/OptionTables.h"
+#include "tables/OutputKeywords.h"
+#include "tables/OverlayKeywords.h"
+#include "tables/PerPageKeywords.h"
+#include "tables/QualityKeywords.h"
+#include "tables/StampKeywords.h"
+
+namespace DeviceSpecificModule {
+namespace {
+
+using Fields = std::vector<std::string>;
+
+// The rows of a data file, of so many fields each. A file without rows fails the test.
+std::vector<Fields> ReadRows(const std::string& name, std::size_t columns) {
+    std::ifstream file(TEST_DATA_DIR "/tables/" + name + ".tsv");
+    std::vector<Fields> rows;
+    for (std::string line; std::getline(file, line);) {
+        if (line.starts_with('#')) continue;
+        std::istringstream cells(line + '\t');
+        rows.emplace_back();
+        for (std::string cell; std::getline(cells, cell, '\t');) rows.back().push_back(cell);
+        EXPECT_EQ(columns, rows.back().size()) << name << ": " << line;
+    }
+    EXPECT_FALSE(rows.empty()) << name << " holds no rows";
+    return rows;
+}
+
+// A text in the form of the data files, so that two texts have the same form only if they are the same.
+std::string Written(std::u16string_view text) {
+    std::string written;
+    for (const char16_t unit : text) {
+        const std::size_t escaped = std::u16string_view(u"\r\n\\").find(unit);
+        if (escaped != std::u16string_view::npos)
+            written += {'\\', "rn\\"[escaped]};
+        else if (unit >= u' ' && unit <= u'~')
+            written += static_cast<char>(unit);
+        else
+            written += "\\{" + std::to_string(static_cast<unsigned>(unit)) + "}";
+    }
+    return written;
+}
+
+Fields FieldsOf(const OptionRecord& record) {
+    using Record = OptionRecord;
+    Fields fields{std::to_string(record.Id)};
+    for (WideText Record::*const text :
+         {&Record::Keyword, &Record::PairedKeyword, &Record::TicketFragment, &Record::JobCommand,
+          &Record::FourInOneJobCommand, &Record::NamespacePrefix, &Record::PostScriptCommand,
+          &Record::DataCommand, &Record::ExtraText, &Record::DeviceName})
+        fields.push_back((record.*text).IsNull() ? "(null)" : Written((record.*text).View()));
+    return fields;
+}
+
+void ExpectRows(const std::string& place, const std::vector<Fields>& expected,
+                std::span<const OptionRecord> rows) {
+    ASSERT_EQ(expected.size() + 1, rows.size()) << place;
+    for (std::size_t row = 0; row < expected.size(); ++row)
+        EXPECT_EQ(expected[row], FieldsOf(rows[row])) << place << ", row " << row + 1;
+    EXPECT_EQ(FieldsOf(OptionRecord{}), FieldsOf(rows.back())) << place << ", last row";
+}
+
+TEST(OptionTables, HoldTheirRowsAndGiveTheHostCopies) {
+    const struct {
+        const char* Name;
+        std::span<const OptionRecord> Rows;
+        std::int32_t (*GetSize)(std::uint32_t*);  // null for a table that is not given to hosts
+        std::int32_t (*Copy)(OptionRecord*);
+    } tables[] = {
+        {"media-sizes", MediaSizeRecords(), GetSizeOfPageMediaSize, GetPageMediaSize},
+        {"media-types", MediaTypeRecords(), GetSizeOfPageMediaType, GetPageMediaType},
+        {"input-bins", InputBinRecords(), GetSizeOfPageInputBin, GetPageInputBin},
+        {"simplex-page-modes", SimplexPageModeRecords(), GetSizeOfSimplexPageMode, GetSimplexPageMode},
+        {"duplex-page-modes", DuplexPageModeRecords(), GetSizeOfDuplexPageMode, GetDuplexPageMode},
+        {"orientation", OrientationRecords(), nullptr, nullptr},
+        {"output-bins", OutputBinRecords(), nullptr, nullptr},
+    };
+    for (const auto& [name, rows, getSize, copy] : tables) {
+        const std::vector<Fields> expected = ReadRows(name, 11);
+        ExpectRows(name, expected, rows);
+        if (getSize == nullptr) continue;
+        std::uint32_t count = 0xFFFFFFFF;
+        EXPECT_EQ(1, getSize(&count)) << name;
+        ASSERT_EQ(expected.size() + 1, count) << name;
+
+        // An array as a host in C makes it: of cleared memory, with a row behind those that it asked for. The
+        // second time it holds the first copy, changed.
+        auto* array = static_cast<OptionRecord*>(std::calloc(count + 1, sizeof(OptionRecord)));
+        array[count].Id = 77;
+        for (const char* place : {" in a cleared array", " over a changed copy"}) {
+            EXPECT_EQ(1, copy(array)) << name;
+            ExpectRows(name + std::string(place), expected, {array, count});
+            for (OptionRecord& record : std::span(array, count)) {
+                record.Id = 7;
+                EXPECT_TRUE(record.Keyword.Append(u" changed") && record.DataCommand.Append(u" changed"));
+            }
+        }
+        ExpectRows(name, expected, rows);
+        EXPECT_EQ(77u, array[count].Id) << name << ": a copy wrote past its table";
+        std::destroy_n(array, count + 1);
+        std::free(array);
+    }
+}
+
+#define T(feature) {#feature "CommandTable", feature##CommandTable},
+#define F(feature) {#feature "CommandTable", feature##CommandTable, feature##Parameters},
+#define T4(feature) T(feature) T(feature##1) T(feature##2) T(feature##3)
+#define F4(feature) F(feature) F(feature##1) F(feature##2) F(feature##3)
+const struct {
+    std::string Name;
+    std::span<const KeywordCommand> Rows;
+    std::span<const std::u16string_view> Parameters = {};  // a list of one name, that of the feature
+} keywordTables[] = {
+#include "Data/tables/keyword-tables.inc"
+};
+
+TEST(KeywordTables, HoldTheirRowsAndNameTheSettingsThatFillThem) {
+    std::map<std::string, std::vector<Fields>> expected;
+    for (const Fields& fields : ReadRows("keywords", 3)) expected[fields[0]].push_back(fields);
+    std::set<const KeywordCommand*> places;  // two tables of the same rows are two tables
+    for (const auto& [name, rows, parameters] : keywordTables) {
+        const std::vector<Fields> wanted = expected[name];
+        expected.erase(name);
+        ASSERT_EQ(wanted.size() + 1, rows.size()) << name << ", in the data file too and listed once?";
+        EXPECT_TRUE(places.insert(rows.data()).second) << name << " is another table as well";
+        for (std::size_t row = 0; row < wanted.size(); ++row) {
+            const auto& [keyword, command] = rows[row];
+            EXPECT_EQ(wanted[row], (Fields{name, Written(keyword), Written(command)})) << "row " << row + 1;
+            EXPECT_NE(nullptr, command.data()) << name << ", row " << row + 1;
+        }
+        EXPECT_TRUE(!rows.back().Keyword.data() && !rows.back().Command.data()) << name << ", last row";
+        if (parameters.empty()) continue;
+        ASSERT_TRUE(parameters.size() == 2 && parameters[1].data() == nullptr) << name;
+        EXPECT_EQ(name, Written(parameters[0]) + "CommandTable");
+    }
+    for (const auto& [name, rows] : expected) ADD_FAILURE() << name << " is in the data file alone";
+}
+
+}  // namespace
+}  // namespace DeviceSpecificModule
