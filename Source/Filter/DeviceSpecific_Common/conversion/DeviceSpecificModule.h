@@ -1,0 +1,50 @@
+#pragma once
+
+#include <cstdint>
+
+#include "Platform/PropertyBags.h"
+#include "Platform/TicketDocument.h"
+#include "tables/ExportedTables.h"
+#include "tables/ModuleApi.h"
+#include "tables/OptionRecord.h"
+
+// The functions that the module exports: all that a host needs to include, beside the platform layer's
+// headers.
+
+namespace DeviceSpecificModule {
+
+class PTConverter;
+
+inline constexpr std::int32_t DocumentLevel = 1;
+inline constexpr std::int32_t JobLevel = 2;
+inline constexpr std::int32_t PageLevel = 0;  // any value but the two above
+
+extern "C" {
+
+// A new snapshot, which carries a job's state from one ProcessDrvPT call to the next: what the job ticket's
+// custom properties said, the printer bags, the data lines so far, the page count. The caller owns it and
+// gives it back to DestroyPTConverterClassPointer. Throws std::bad_alloc.
+MODULE_API PTConverter* CreatePTConverterClassPointer();
+
+// Destroys a snapshot; null does nothing.
+MODULE_API void DestroyPTConverterClassPointer(PTConverter* snapshot);
+
+// Converts one ticket and gives 1. `pipelineBag` and `ticket` must not be null; the ticket is edited in
+// place. `optionTables` and `snapshot` may be null. Without a snapshot the call starts from nothing.
+//
+//   JobLevel       the pipeline properties "PJL" and "DATA" are replaced, others published
+//   DocumentLevel  the ticket's media size is rewritten to the size to print on
+//   else           the page's data lines are added, and "DATA" is replaced by all lines so far (not without
+//                  optionTables)
+//
+// Errors leave as exceptions: Platform::ResultError, Json::Exception or those of the standard library. The
+// snapshot is then exactly as it was before the call; edits of the ticket and properties made by then stay,
+// but "PJL" and "DATA" are written only once a whole conversion has succeeded.
+//
+// Calls that share a snapshot, a ticket or a pipeline bag must not run at the same time; others may.
+MODULE_API std::int32_t ProcessDrvPT(Platform::PipelineBag pipelineBag, Platform::TicketDocument ticket,
+                                     std::int32_t level, const OptionTables* optionTables,
+                                     PTConverter* snapshot);
+
+}  // extern "C"
+}  // namespace DeviceSpecificModule

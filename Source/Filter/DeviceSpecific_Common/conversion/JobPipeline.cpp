@@ -1,0 +1,50 @@
+#include "conversion/JobPipeline.h"
+
+#include "conversion/JsonState.h"
+#include "conversion/PipelineProperties.h"
+#include "conversion/TextOperations.h"
+#include "pages/ConvertPage.h"
+#include "stages/Stages.h"
+#include "ticket/CustomProperties.h"
+#include "ticket/TicketQueries.h"
+
+namespace DeviceSpecificModule {
+namespace {
+
+// Does nothing, and keeps the place of the stage that the device family may get here.
+void EmptyStage(PTConverter&, const PipelineBag&, const TicketDocument&) {}
+
+// The order is the order of the commands, and later stages see what earlier ones did to the ticket:
+// ForceOneSidedTicket must stand behind all that read the job's duplex option from the ticket.
+constexpr Stage* stages[] = {
+    WriteUserAndResolution, WriteHoldAndJobName,
+    WriteLayoutFinishing,   WriteDeviceOverlay,
+    WriteCollation,         WriteOutputFeatures,
+    EmptyStage,
+    ForceOneSidedTicket,    WriteQualityAdjustment,
+    WriteQualityProperties, WriteJobLogAndTime,
+};
+static_assert(std::size(stages) == 11);
+
+void ReadPipeline(PTConverter& converter) {
+    const WideText series = GetPipelineText(converter.Pipeline, u"Series");
+    converter.Driver = GetPrinterBag(converter.Pipeline, u"DriverPropertyBag");
+    converter.Queue = GetPrinterBag(converter.Pipeline, u"QueuePropertyBag");
+    LoadCommandMap(converter.Driver, converter.CommandMap, series);
+}
+
+}  // namespace
+
+void ConvertJob(PTConverter& converter) {
+    ReadCustomProperties(converter.Ticket, converter.CustomProperties);
+    ReadPipeline(converter);
+    AppendWideChars(converter.PjlText, u"\x1B%-12345X@PJL\r\n");
+    AppendWideChars(converter.DataText, u"\r\n");
+    for (Stage* stage : stages) stage(converter, converter.Pipeline, converter.Ticket);
+    ConvertPage(converter, converter.Ticket, JobPassFlags);
+    SetPipelineText(converter.Pipeline, u"PJL", converter.PjlText);
+    SetPipelineText(converter.Pipeline, u"DATA", converter.DataText);
+    RemoveTicketNode(converter.Ticket, PageDevmodeSnapshotQuery);
+}
+
+}  // namespace DeviceSpecificModule

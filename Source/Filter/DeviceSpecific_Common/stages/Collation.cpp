@@ -1,0 +1,33 @@
+#include "conversion/PipelineProperties.h"
+#include "conversion/TextOperations.h"
+#include "stages/FeatureEngine.h"
+#include "stages/Stages.h"
+#include "stages/TicketCopies.h"
+#include "tables/OutputKeywords.h"
+#include "ticket/TicketQueries.h"
+
+namespace DeviceSpecificModule {
+
+void ForceOneCopy(const TicketDocument& ticket) {
+    const TicketNode node = FindTicketNode(ticket, JobCopiesQuery);
+    if (node) node->setText(WideText(u"1"));
+}
+
+void WriteCollation(PTConverter& converter, const PipelineBag& bag, const TicketDocument& ticket) {
+    const WideText option = GetFeatureOptionName(ticket, u"DocumentCollate");
+    if (option.IsEmpty() || FindKeyword(DocumentCollateCommandTable, option.View()) == nullptr) return;
+
+    WideText copies = GetParameterInitValue(ticket, u"JobCopiesAllDocuments", true);
+    if (copies.IsNull()) copies = WideText(u"");
+    if (option == u"psk:Collated") {
+        // Whoever collates runs through the job that often; the device then prints each run once.
+        SetPipelineText(bag, u"CopyCount", copies);
+        copies = WideText(u"1");
+    }
+    WideText line(u"uint16 \"%s\" PageCopies\r\n");
+    FillFirstPlaceholder(line, copies.View());
+    AppendWideText(converter.DataText, line);
+    ForceOneCopy(ticket);
+}
+
+}  // namespace DeviceSpecificModule

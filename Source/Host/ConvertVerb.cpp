@@ -1,0 +1,101 @@
+#include <cstdlib>
+#include <iostream>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "Host/FileOutput.h"
+#include "Host/JobReader.h"
+#include "Host/JobRunner.h"
+#include "Host/JsonOutput.h"
+#include "Host/PropertyArguments.h"
+#include "Host/Sinks.h"
+#include "Host/StandardOutput.h"
+#include "Host/TextOutput.h"
+#include "Host/Verbs.h"
+#include "Platform/Process.h"
+
+namespace TicketHost {
+namespace {
+
+using Platform::StandardStream;
+
+struct ConvertOptions {
+    std::string Job;
+    std::string Format = "text";
+    std::string Folder;
+    bool KeepGoing = false;
+    std::vector<std::string> Pipeline, Driver, Queue;
+};
+
+bool WantsColour() {
+    const char* refused = std::getenv("NO_COLOR");
+    return (refused == nullptr || *refused == '\0') && Platform::IsTerminal(StandardStream::Output);
+}
+
+// Files come first, so that a folder that can't be written is found before anything is printed. Progress is
+// for those who don't see the results go by.
+void AddSinks(const ConvertOptions& options, StandardOutput& output, SinkList& sinks) {
+    const bool asText = options.Format == "text";
+    if (!options.Folder.empty()) sinks.Add(std::make_unique<FileOutput>(options.Folder));
+    if (asText)
+        sinks.Add(std::make_unique<TextOutput>(output.Stream(), WantsColour()));
+    else
+        sinks.Add(std::make_unique<JsonOutput>(output.Stream()));
+    sinks.Add(std::make_unique<SendingSink>(output));
+    if (Platform::IsTerminal(StandardStream::Error) && !Platform::IsTerminal(StandardStream::Output))
+        sinks.Add(std::make_unique<ProgressLine>(std::cerr));
+    if (asText) sinks.Add(std::make_unique<ErrorLines>());
+}
+
+int Convert(const ConvertOptions& options) {
+    JobSettings given;
+    SetPipelineProperties(options.Pipeline, given.Pipeline);
+    SetPrinterProperties("--driver", options.Driver, given.Driver);
+    SetPrinterProperties("--queue", options.Queue, given.Queue);
+    Job job = ReadJob(options.Job);
+    for (auto& [name, value] : given.Pipeline) job.Settings.Pipeline[name] = value;
+    for (auto& [name, value] : given.Driver) job.Settings.Driver[name] = value;
+    for (auto& [name, value] : given.Queue) job.Settings.Queue[name] = value;
+    StandardOutput output;
+    SinkList sinks;
+    AddSinks(options, output, sinks);
+    return RunJob(job, options.KeepGoing, sinks) ? 0 : 1;
+}
+
+void AddProperties(CLI::App& verb, const char* option, std::vector<std::string>& properties,
+                   const char* help) {
+    verb.add_option(option, properties, help)->type_name("NAME=VALUE")->expected(1)->take_all();
+}
+
+}  // namespace
+
+void AddConvertVerb(CLI::App& app, Action& action) {
+    const auto options = std::make_shared<ConvertOptions>();
+    CLI::App* verb =
+        app.add_subcommand("convert", "Converts tickets and shows what came of them")->group("Verbs");
+    verb->add_option("JOB", options->Job,
+                     "A job ticket (.xml), a manifest of several calls (.json) or a package (.xps, .oxps)")
+        ->required();
+    verb->add_option("--format", options->Format, "text, for a person (default), or json, one document")
+        ->check(CLI::IsMember({"text", "json"}))
+        ->type_name("FORMAT");
+    verb->add_option("--out", options->Folder, "Also write the raw results as files into this folder")
+        ->type_name("DIR");
+    verb->add_flag("--keep-going", options->KeepGoing, "Make the calls behind one that threw, too");
+    AddProperties(*verb, "--pipeline", options->Pipeline, "Set a property of the pipeline; may be repeated");
+    AddProperties(*verb, "--driver", options->Driver, "Set a property of the driver; may be repeated");
+    AddProperties(*verb, "--queue", options->Queue, "Set a property of the queue; may be repeated");
+    verb->footer(
+        "What is set here goes before what the manifest says. Values are texts; UserSecurityToken is a\n"
+        "user id and encryptionPassphrase_Flag an integer.\n"
+        "\n"
+        "Files of --out: 001-ticket.xml and so on, job.pjl, job.data, properties.json.\n"
+        "\n"
+        "  tickethost convert ticket.xml\n"
+        "  tickethost convert --format json job.json\n"
+        "  tickethost convert --pipeline PrinterName=Office --out result ticket.xml");
+    verb->callback([&action, options] { action = [options] { return Convert(*options); }; });
+}
+
+}  // namespace TicketHost

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <variant>
+#include <vector>
+
+#include "Host/MemoryBags.h"
+#include "Platform/WideText.h"
+
+namespace TicketHost {
+
+// What a job gives the module beside its tickets.
+struct JobSettings {
+    PipelineProperties Pipeline;  // as they are before the first call
+    PrinterProperties Driver;     // of the driver property bag
+    PrinterProperties Queue;      // of the queue property bag
+    std::optional<std::vector<std::string>>
+        Tables;            // the slots of OptionTables to fill; none: no record at all
+    bool Snapshot = true;  // one for all calls, or none
+};
+
+// A ticket that has been read and is known to be one. Calls share it, and each loads a document of its own
+// from it.
+struct Ticket {
+    std::string Name;                                       // for the user: its file, or "inline ticket"
+    std::variant<std::string, Platform::WideText> Content;  // a file's bytes, or a text
+};
+
+struct Call {
+    std::int32_t Level = 0;
+    std::shared_ptr<const Ticket> Source;
+};
+
+struct Job {
+    std::string Name;  // the file that it came from
+    JobSettings Settings;
+    std::vector<Call> Calls;
+};
+
+}  // namespace TicketHost

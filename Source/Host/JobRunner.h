@@ -1,0 +1,44 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+#include "Host/Job.h"
+#include "Platform/WideText.h"
+
+namespace TicketHost {
+
+// What a conversion threw.
+struct CallError {
+    std::string Type;                   // "ResultError", "JsonError", or as in "std::out_of_range"
+    std::optional<std::uint32_t> Code;  // of a ResultError alone
+    std::string Message;
+};
+
+// One call and what came of it. What it refers to lives only until the sink gives control back.
+struct CallResult {
+    std::size_t Number = 0;  // counts from 1
+    const Call& Made;
+    std::int32_t Status = 0;  // what the module gave, without an error
+    std::optional<CallError> Error;
+    Platform::WideText TicketBefore;
+    Platform::WideText TicketAfter;
+    const PipelineProperties& Properties;  // all of them, after the call
+};
+
+// Who takes the results, call by call, so that nobody must hold a long job's in memory. What a sink throws
+// ends the run.
+class ResultSink {
+public:
+    virtual ~ResultSink() = default;
+    virtual void Begin(const Job& job, const PipelineProperties& initial);  // before the first call
+    virtual void Take(const CallResult& result) = 0;                        // after each call
+    virtual void End(const PipelineProperties& final);                      // after the last call made
+};
+
+// Makes the calls of a job in their order, on one pipeline bag. After a call that threw it makes no more,
+// unless `keepGoing`. True when no call threw.
+bool RunJob(const Job& job, bool keepGoing, ResultSink& sink);
+
+}  // namespace TicketHost

@@ -1,0 +1,3 @@
+#include "Host/CommandLine.h"
+
+int main(int argumentCount, char** arguments) { return TicketHost::RunCommandLine(argumentCount, arguments); }

@@ -1,0 +1,134 @@
+#include "Host/TextOutput.h"
+
+#include <utility>
+
+#include "Host/PropertyTexts.h"
+#include "Host/Texts.h"
+#include "Host/TicketDiff.h"
+#include "Platform/ResultError.h"
+#include "conversion/DeviceSpecificModule.h"
+
+namespace TicketHost {
+namespace {
+
+using Platform::WideText;
+
+constexpr std::u16string_view pjlName = u"PJL";
+constexpr std::u16string_view dataName = u"DATA";
+
+std::string NameOfLevel(std::int32_t level) {
+    if (level == DeviceSpecificModule::JobLevel) return "job level";
+    if (level == DeviceSpecificModule::DocumentLevel) return "document level";
+    return level == DeviceSpecificModule::PageLevel ? "page level"
+                                                    : "page level (" + std::to_string(level) + ")";
+}
+
+// What an error's own message leaves unsaid; empty where that is nothing.
+std::string ExplainError(const CallError& error) {
+    if (error.Code == Platform::ResultOutOfMemory) return "there was no memory for a text or a document";
+    if (error.Code == Platform::ResultNoStringService) return "a number could not be formatted";
+    if (error.Code == Platform::ResultUnknownCodePage) return "the code page in force is not known";
+    if (error.Type == "JsonError")
+        return "the user settings in the ticket hold a value of an unexpected type";
+    if (error.Type == "std::invalid_argument") return "a setting that must be a number is none";
+    if (error.Type == "std::out_of_range") return "a setting's number or position is out of range";
+    if (error.Type == "std::length_error")
+        return "the user settings are cut into more pieces than can be named";
+    return "";
+}
+
+bool IsPageMarker(std::string_view line) {
+    constexpr std::string_view beginning = "Page_";
+    return line.starts_with(beginning) && line.size() > beginning.size() &&
+           line.find_first_not_of("0123456789", beginning.size()) == line.npos;
+}
+
+}  // namespace
+
+void TextOutput::Begin(const Job& job, const PipelineProperties& initial) {
+    previous_ = initial;
+    calls_ = job.Calls.size();
+    if (calls_ == 0) out_ << "The job has no calls.\n";
+}
+
+void TextOutput::Take(const CallResult& result) {
+    if (made_++ > 0) out_ << "\n";
+    const std::string call = "Call " + std::to_string(result.Number) + " of " + std::to_string(calls_);
+    const std::string subject = NameOfLevel(result.Made.Level) + ", " + Visible(result.Made.Source->Name);
+    out_ << painter_.Paint(Tone::Heading, call + ": " + subject) << "\n";
+    if (result.Error) WriteError(*result.Error);
+    WritePjl(result.Properties);
+    WriteData(result.Properties);
+    WriteChangedProperties(result.Properties);
+    WriteTicketChange(result);
+    previous_ = result.Properties;
+}
+
+void TextOutput::End(const PipelineProperties&) {
+    if (made_ == calls_) return;
+    const std::string missed =
+        "calls not made: " + std::to_string(calls_ - made_) + "; --keep-going makes them";
+    out_ << "\n" << painter_.Paint(Tone::Error, missed) << "\n";
+}
+
+void TextOutput::WriteLabel(std::string_view label) {
+    out_ << "  " << painter_.Paint(Tone::Label, label) << "\n";
+}
+
+void TextOutput::WriteError(const CallError& error) {
+    const std::string text = "failed: " + error.Type + ": " + Visible(error.Message);
+    out_ << "  " << painter_.Paint(Tone::Error, text) << "\n";
+    if (const std::string cause = ExplainError(error); !cause.empty()) out_ << "    " << cause << "\n";
+}
+
+void TextOutput::WritePjl(const PipelineProperties& properties) {
+    const WideText pjl = FindText(properties, pjlName);
+    if (pjl.IsEmpty() || AreSame(pjl, FindText(previous_, pjlName))) return;
+    WriteLabel("PJL");
+    for (const std::string& line : SplitCommandLines(pjl.View())) out_ << "    " << line << "\n";
+}
+
+void TextOutput::WriteData(const PipelineProperties& properties) {
+    const WideText data = FindText(properties, dataName), before = FindText(previous_, dataName);
+    const bool grew = BeginsWith(data, before);
+    const std::u16string_view news = data.View().substr(grew ? before.Length() : 0);
+    if (news.empty()) return;
+    WriteLabel(grew ? "data" : "data, in place of what was there");
+    const char* indent = "    ";
+    for (const std::string& line : SplitCommandLines(news)) {
+        const bool marks = IsPageMarker(line);
+        const std::string shown = line.empty() ? painter_.Paint(Tone::Faint, "(empty line)") : line;
+        out_ << (marks ? "    " : indent) << shown << "\n";
+        if (marks) indent = "      ";
+    }
+}
+
+void TextOutput::WriteChangedProperties(const PipelineProperties& properties) {
+    bool labelled = false;
+    const auto write = [&](const std::u16string& name, const std::string& said) {
+        if (!std::exchange(labelled, true)) WriteLabel("properties");
+        out_ << "    " << Visible(ToUtf8(name)) << said << "\n";
+    };
+    for (const auto& [name, value] : properties) {
+        const auto before = previous_.find(name);
+        if (before != previous_.end() && AreSame(value, before->second)) continue;
+        const bool isShownAbove =
+            (name == pjlName || name == dataName) && !FindText(properties, name).IsEmpty();
+        if (!isShownAbove) write(name, " = " + DescribeValue(value));
+    }
+    for (const auto& [name, value] : previous_)
+        if (!properties.contains(name)) write(name, " is gone");
+}
+
+void TextOutput::WriteTicketChange(const CallResult& result) {
+    const std::vector<std::string> lines =
+        DescribeTicketChange(ToUtf8(result.TicketBefore), ToUtf8(result.TicketAfter));
+    if (lines.empty()) return WriteLabel("ticket unchanged");
+    WriteLabel("ticket changed");
+    for (const std::string& line : lines) {
+        const Tone tone = line[0] == '+' ? Tone::Added : line[0] == '-' ? Tone::Removed : Tone::Faint;
+        out_ << "    " << painter_.Paint(tone, line) << "\n";
+    }
+}
+
+}  // namespace TicketHost

@@ -1,0 +1,130 @@
+#include <gtest/gtest.h>
+#include <json/json.h>
+#include <stdio.h>
+#include <stdlib.h>
+#include <sys/wait.h>
+
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+#include "Support.h"
+
+// Whole jobs through the host tool: each folder below Scenarios holds a manifest.json and the expected.json
+// that converting it must give. What differs between runs and machines reads {DATE}, {TIME} and {COMPUTER}
+// there. With UPDATE_SCENARIOS=1 in the environment the expected results are written anew: read that change
+// as closely as code.
+
+namespace {
+
+namespace fs = std::filesystem;
+using DeviceSpecificModule::SteadyPjl;
+
+std::string ReadFile(const fs::path& path) {
+    std::ifstream file(path, std::ios::binary);
+    std::ostringstream text;
+    text << file.rdbuf();
+    return text.str();
+}
+
+std::string RunCommand(const std::string& command, int& status) {
+    FILE* output = popen(command.c_str(), "r");
+    if (output == nullptr) throw std::runtime_error("can't run " + command);
+    std::string text;
+    char piece[4096];
+    for (std::size_t length; (length = fread(piece, 1, sizeof piece, output)) > 0;)
+        text.append(piece, length);
+    status = WEXITSTATUS(pclose(output));
+    return text;
+}
+
+Json::Value ParseJson(const std::string& text) {
+    Json::Value value;
+    std::string errors;
+    std::istringstream stream(text);
+    Json::CharReaderBuilder builder;
+    Json::CharReaderBuilder::strictMode(&builder.settings_);
+    if (!Json::parseFromStream(builder, stream, &value, &errors)) throw std::runtime_error(errors + text);
+    return value;
+}
+
+std::string WriteJson(const Json::Value& value) {
+    Json::StreamWriterBuilder builder;
+    builder["indentation"] = "  ";
+    builder["emitUTF8"] = true;
+    return Json::writeString(builder, value) + "\n";
+}
+
+// What the tool makes of a scenario. Its exit status must fit its result.
+Json::Value Convert(const fs::path& folder) {
+    int status = -1;
+    const std::string output = RunCommand(
+        "'" TICKETHOST "' convert --format json --keep-going '" + (folder / "manifest.json").string() + "'",
+        status);
+    Json::Value result = ParseJson(output);
+    bool threw = false;
+    for (Json::Value& call : result["calls"]) {
+        threw = threw || call.isMember("error");
+        Json::Value& properties = call["properties"];
+        if (properties.isMember("PJL")) properties["PJL"] = SteadyPjl(properties["PJL"].asString());
+    }
+    EXPECT_EQ(status, threw ? 1 : 0) << folder;
+    return result;
+}
+
+std::string Difference(const fs::path& expected, const std::string& actual) {
+    const fs::path file = fs::temp_directory_path() / ("scenario-" + std::to_string(getpid()) + ".json");
+    std::ofstream(file) << actual;
+    int status = 0;
+    const std::string difference =
+        RunCommand("diff -u '" + expected.string() + "' '" + file.string() + "'", status);
+    fs::remove(file);
+    return difference;
+}
+
+TEST(Scenarios, GiveTheirExpectedResults) {
+    const bool update = getenv("UPDATE_SCENARIOS") != nullptr;
+    int found = 0;
+    for (const auto& entry : fs::directory_iterator(SCENARIOS_DIR)) {
+        const fs::path expected = entry.path() / "expected.json";
+        const Json::Value result = Convert(entry.path());
+        ++found;
+        if (update)
+            std::ofstream(expected) << WriteJson(result);
+        else if (result != ParseJson(ReadFile(expected)))
+            ADD_FAILURE() << entry.path() << "\n" << Difference(expected, WriteJson(result));
+    }
+    EXPECT_GT(found, 0) << "no scenarios below " SCENARIOS_DIR;
+}
+
+// The samples are what users try first.
+TEST(Samples, Convert) {
+    int found = 0;
+    for (const auto& entry : fs::directory_iterator(SAMPLES_DIR)) {
+        if (entry.path().extension() != ".json") continue;
+        int status = -1;
+        const std::string output =
+            RunCommand("'" TICKETHOST "' convert --format json '" + entry.path().string() + "'", status);
+        EXPECT_EQ(status, 0) << entry.path();
+        for (const Json::Value& call : ParseJson(output)["calls"])
+            EXPECT_EQ(call["status"], 1) << entry.path();
+        ++found;
+    }
+    EXPECT_GT(found, 0);
+}
+
+// Every line of the header, in order.
+TEST(Samples, ShowEveryLineOfTheHeader) {
+    int status = -1;
+    const Json::Value result = ParseJson(
+        RunCommand("'" TICKETHOST "' convert --format json '" SAMPLES_DIR "/whole-job.json'", status));
+    EXPECT_EQ(
+        SteadyPjl(result["calls"][0]["properties"]["PJL"].asString()),
+        "\x1B%-12345X@PJL\r\n@PJL COMMENT\r\n@PJL SET LOGINUSER = \"\"\r\n@PJL SET USERNAME = \"\"\r\n"
+        "@PJL SET RESOLUTION = 600\r\n@PJL SET HOLD = OFF\r\n@PJL SET JOBNAME = \"\"\r\n"
+        "@PJL JOB NAME = \"\"\r\n@PJL SET ECONOMODE = OFF\r\n@PJL PRINTLOG ITEM = 1,PRINTER\r\n"
+        "@PJL PRINTLOG ITEM = 2,{DATE}\r\n@PJL PRINTLOG ITEM = 3,\r\n@PJL PRINTLOG ITEM = 4,{COMPUTER}\r\n"
+        "@PJL SET JOBTIME = \"{TIME}\"\r\n@PJL SET MEDIATYPECHECK = ON\r\n@PJL SET STRINGCODESET = UTF8\r\n");
+}
+
+}  // namespace

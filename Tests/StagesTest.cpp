@@ -1,0 +1,164 @@
+#include <gtest/gtest.h>
+#include <json/json.h>
+#include <stdlib.h>
+
+#include <fstream>
+#include <set>
+
+#include "Support.h"
+#include "stages/FeatureEngine.h"
+#include "stages/FeatureLists.h"
+#include "stages/HoldAndJobName.h"
+#include "stages/JobLogAndTime.h"
+
+namespace DeviceSpecificModule {
+namespace {
+
+std::string Braced(const std::string& features) { return "{\"features\":{" + features + "}}"; }
+
+constexpr KeywordCommand words[] = {{u"a", u"<a>"}, {u"b", u""}, {u"b", u"<never>"}, {u"c", u"<c>"}, {}};
+constexpr KeywordCommand twoPlaces[] = {{u"CMD", u"[%s|%s]"}, {}};
+constexpr KeywordCommand noPlace[] = {{u"CMD", u"[]"}, {}};
+constexpr std::u16string_view oneName[] = {u"V", {}};
+constexpr std::u16string_view threeNames[] = {u"V", u"W", u"V", {}};
+constexpr std::u16string_view noNames[] = {{}};
+
+TEST(FeatureEngine, SendsSettings) {
+    const struct {
+        const char* Settings;
+        KeywordCommandTable Table;
+        ParameterList Parameters;
+        const char* Expected;
+    } cases[] = {
+        {R"("F":"a")", words, nullptr, "<a>"},
+        {R"("F":"b")", words, nullptr, ""},
+        {R"("F":"A")", words, nullptr, ""},
+        {R"("F":"")", words, nullptr, ""},
+        {R"("V":"1")", twoPlaces, oneName, "[1|%s]"},
+        {R"("V":"1","W":"2")", twoPlaces, threeNames, "[1|2]"},
+        {R"("V":"%s","W":"2")", twoPlaces, threeNames, "[2|%s]"},
+        {R"("V":"1")", twoPlaces, threeNames, ""},  // not even the first fill
+        {"", noPlace, oneName, ""},
+        {"", twoPlaces, nullptr, "[%s|%s]"},
+        {"", twoPlaces, noNames, "[%s|%s]"},
+    };
+    for (const auto& row : cases) {
+        for (std::uint32_t target = 0; target < 4; ++target) {
+            PTConverter converter;
+            converter.CustomProperties = MakeSettings(Braced(row.Settings));
+            converter.PjlText = converter.DataText = WideText(u"");
+            ApplySettingCommand(converter, u"F", row.Table, row.Parameters, CommandTarget{target});
+            EXPECT_EQ(Narrow(converter.PjlText), target == 0 ? row.Expected : "") << row.Settings;
+            EXPECT_EQ(Narrow(converter.DataText), target == 1 || target == 2 ? row.Expected : "")
+                << row.Settings;
+        }
+    }
+}
+
+TEST(FeatureEngine, TurnsTheOrientationForTwoAndSixPagesOnASheet) {
+    constexpr KeywordCommand orientations[] = {{u"psk:Landscape", u"L"}, {u"psk:Portrait", u"P"}, {}};
+    const struct {
+        const char *Orientation, *PagesPerSheet, *Expected;
+    } cases[] = {{"psk:Portrait", "ns0000:_2", "L"},
+                 {"psk:Landscape", "ns0000:_6", "P"},
+                 {"x", "ns0000:_2", "L"},
+                 {"psk:Portrait", "ns0000:_4", "P"},
+                 {"x", "ns0000:_16", ""},
+                 {"", "ns0000:_2", ""}};
+    for (const auto& row : cases) {
+        PTConverter converter;
+        converter.PjlText = WideText(u"");
+        ApplyTicketCommand(converter,
+                           MakeTicket(Feature("psk:PageOrientation", row.Orientation) +
+                                      Feature("psk:JobNUpAllDocumentsContiguously", row.PagesPerSheet)),
+                           u"PageOrientation", orientations, CommandTarget::Pjl);
+        EXPECT_EQ(Narrow(converter.PjlText), row.Expected) << row.Orientation << row.PagesPerSheet;
+    }
+}
+
+TEST(FeatureEngine, KnowsBothGateRules) {
+    constexpr FeatureRow list[] = {
+        {.Feature = u"F", .Table = words},
+        {.Feature = u"", .Table = twoPlaces, .Parameters = threeNames, .Gate = u"G"},
+        {.Feature = u"E", .Table = words, .Gate = u"H"},
+        {},
+    };
+    const std::string values = R"("F":"a","V":"v","W":"w","E":"c","H":"yes","G":)";
+    const struct {
+        const char *Gate, *PassOver, *End;
+    } cases[] = {{"\"On\"", "<a>[v|w]<c>", "<a>[v|w]<c>"},
+                 {"\"off\"", "<a>[v|w]<c>", "<a>[v|w]<c>"},
+                 {"\"Off\"", "<a><c>", "<a>"},
+                 {"\"Host\"", "<a><c>", "<a>"},
+                 {"null", "<a><c>", "<a>"}};
+    for (const auto& row : cases) {
+        for (GateRule rule : {GateRule::PassOverRow, GateRule::EndList}) {
+            PTConverter converter;
+            converter.CustomProperties = MakeSettings(Braced(values + row.Gate));
+            RunFeatureList(converter, list, rule);
+            EXPECT_EQ(Narrow(converter.PjlText), rule == GateRule::EndList ? row.End : row.PassOver)
+                << row.Gate;
+        }
+    }
+}
+
+std::string Name(std::u16string_view text) { return text.data() == nullptr ? "-" : Narrow(WideText(text)); }
+
+// A list against the lines of its section in the data file: feature, parameter, gate. Tables with the same
+// keywords can't be told apart by what they hold, so that a row has its own table is seen by their addresses
+// all differing.
+void ExpectList(const std::string& section, FeatureList list) {
+    std::ifstream file(TEST_DATA_DIR "/stages/lists.tsv");
+    std::set<KeywordCommandTable> tables;
+    std::string line, current;
+    std::size_t rows = 0;
+    while (std::getline(file, line)) {
+        if (line.starts_with('[')) current = line;
+        if (line.empty() || line[0] == '#' || line[0] == '[' || current != "[" + section + "]") continue;
+        const FeatureRow& row = list[rows++];
+        ASSERT_NE(row.Feature.data(), nullptr) << section << ": no row for " << line;
+        const std::string parameter = row.Parameters == nullptr ? "-" : Name(row.Parameters[0]);
+        EXPECT_EQ(Name(row.Feature) + "\t" + parameter + "\t" + Name(row.Gate), line) << section;
+        EXPECT_EQ(row.Parameters != nullptr, IsFormatTable(row.Table)) << line;
+        EXPECT_EQ(row.Target, CommandTarget::Pjl);
+        tables.insert(row.Table);
+    }
+    EXPECT_GT(rows, 0u) << section;
+    EXPECT_EQ(list[rows].Feature.data(), nullptr) << section;
+    EXPECT_EQ(tables.size(), rows) << section;
+}
+
+TEST(FeatureLists, HaveTheirRows) {
+    ExpectList("layout and finishing", LayoutFinishingList);
+    ExpectList("device overlay", DeviceOverlayList);
+    ExpectList("simple quality", SimpleQualityList);
+    ExpectList("detail quality", DetailQualityList);
+}
+
+TEST(Stages, MakeTheJobNameFromTheDocumentName) {
+    const std::string long258(258, 'x');
+    const struct {
+        std::string Document, Expected;
+    } cases[] = {
+        {"Quarterly \"figures\"\r\nof 2026", "Quarterly \"figures\"\r"},
+        {"", ""},
+        {std::string("a\0b", 3), "a"},
+        {long258 + "yz", long258 + "y"},
+        {long258 + "\xF0\x9F\x96\xA8", long258},  // a pair that the cut would halve
+        {long258 + "y\xF0\x9F\x96\xA8", long258 + "y"},
+    };
+    for (const auto& row : cases)
+        EXPECT_EQ(Narrow(JobNameFromDocumentName(Wide(row.Document))), row.Expected);
+}
+
+TEST(Stages, WriteDatesInLocalTime) {
+    setenv("TZ", "UTC", 1);
+    EXPECT_EQ(Narrow(FormatPrintLogDate(1770091506)), "Tue,03 Feb 2026 04:05:06");
+    EXPECT_EQ(Narrow(FormatJobTime(1770091506)), "20260203040506");
+    setenv("TZ", "XYZ-05:30", 1);  // five and a half hours ahead
+    EXPECT_EQ(Narrow(FormatPrintLogDate(946684799)), "Sat,01 Jan 2000 05:29:59");
+    unsetenv("TZ");
+}
+
+}  // namespace
+}  // namespace DeviceSpecificModule
