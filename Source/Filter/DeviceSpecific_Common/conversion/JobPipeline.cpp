@@ -4,6 +4,7 @@
 #include "conversion/PipelineProperties.h"
 #include "conversion/TextOperations.h"
 #include "pages/ConvertPage.h"
+#include "perpage/PerPageSettings.h"
 #include "stages/Stages.h"
 #include "ticket/CustomProperties.h"
 #include "ticket/TicketQueries.h"
@@ -20,11 +21,11 @@ constexpr Stage* stages[] = {
     WriteUserAndResolution, WriteHoldAndJobName,
     WriteLayoutFinishing,   WriteDeviceOverlay,
     WriteCollation,         WriteOutputFeatures,
-    EmptyStage,
+    WritePerPageSettings,   EmptyStage,
     ForceOneSidedTicket,    WriteQualityAdjustment,
     WriteQualityProperties, WriteJobLogAndTime,
 };
-static_assert(std::size(stages) == 11);
+static_assert(std::size(stages) == 12);
 
 void ReadPipeline(PTConverter& converter) {
     const WideText series = GetPipelineText(converter.Pipeline, u"Series");

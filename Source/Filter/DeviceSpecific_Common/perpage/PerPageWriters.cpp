@@ -1,0 +1,182 @@
+#include "perpage/PerPageWriters.h"
+
+#include <algorithm>
+#include <span>
+
+#include "conversion/TextOperations.h"
+#include "perpage/EntryText.h"
+#include "ticket/TicketEditing.h"
+
+namespace DeviceSpecificModule {
+namespace {
+
+// What the device says for a word of an entry and an option of the ticket. The first row that fits counts.
+struct WordRow {
+    std::u16string_view Word;    // without data (nullptr): any
+    std::u16string_view Option;  // without data (nullptr): any
+    std::u16string_view Value;
+};
+
+constexpr std::u16string_view any;
+constexpr std::u16string_view insertedSheet = u"InsertBlankSheet";
+constexpr std::u16string_view noTabPaper = u"DoNotUse";
+constexpr std::u16string_view sameAsBody = u"SameAsBody";
+
+constexpr WordRow bindingRows[] = {
+    {any, u"psk:BindLeft", u"LEFT"},
+    {any, u"psk:BindRight", u"RIGHT"},
+    {any, u"psk:BindTop", u"TOP"},
+};
+
+constexpr WordRow duplexRows[] = {
+    {insertedSheet, any, u"OFF"},   {u"OneSided", any, u"OFF"}, {u"TwoSidedLongEdge", any, u"ON"},
+    {any, u"psk:OneSided", u"OFF"}, {any, any, u"ON"},
+};
+
+constexpr WordRow trayRows[] = {
+    {sameAsBody, u"psk:AutoSelect", u"AUTO"},
+    {u"Tray1", any, u"TRAY1"},
+    {u"Tray2", any, u"TRAY2"},
+    {u"Tray3", any, u"TRAY3"},
+    {u"Tray4", any, u"TRAY4"},
+    {u"LCT", any, u"TRAY5"},
+    {u"BypassTray", any, u"MANUALFEED"},
+    {u"PITray1", any, u"PITRAY1"},
+    {u"PITray2", any, u"PITRAY2"},
+};
+
+constexpr WordRow stapleRows[] = {
+    {sameAsBody, u"psk:None", u"OFF"},
+    {sameAsBody, u"psk:StapleTopLeft", u"LEFT1POINT"},
+    {sameAsBody, u"psk:StapleTopRight", u"RIGHT1POINT"},
+    {u"StapleTopLeft", any, u"LEFT1POINT"},
+    {u"StapleTopRight", any, u"RIGHT1POINT"},
+    {any, any, u"ANY2POINT"},
+};
+
+bool Fits(std::u16string_view pattern, std::u16string_view text) {
+    return pattern.data() == nullptr || pattern == text;
+}
+
+void FillWord(WideText& command, std::span<const WordRow> rows, std::u16string_view word,
+              std::u16string_view option) {
+    const auto row = std::ranges::find_if(
+        rows, [&](const WordRow& each) { return Fits(each.Word, word) && Fits(each.Option, option); });
+    if (row != rows.end()) FillFirstPlaceholder(command, row->Value);
+}
+
+void FillDeviceName(WideText& command, const OptionRecord* table, std::u16string_view option) {
+    const OptionRecord* row = FindOptionRecord(table, option);
+    if (row != nullptr) FillFirstPlaceholder(command, row->DeviceName.View());
+}
+
+std::u16string TabsOf(const Json::Value& list) {
+    const WideText number = TextOf(list["NumberOfTabs"]);
+    const std::u16string_view text = number.View();
+    return u"TAB" +
+           std::u16string(text.substr(text.find(u':') + 1));  // a missing colon's place is the largest number
+}
+
+bool InsertsTabSheet(const Json::Value& entry) {
+    return TextOf(entry["TabPaper"]) == u"Use" && !TextOf(entry["TextOnTab"]).IsEmpty() &&
+           TextOf(entry["PrintType"]) == insertedSheet;
+}
+
+// Wraps around, as unsigned numbers do.
+std::int32_t AddCount(std::int32_t page, std::uint32_t count) {
+    return static_cast<std::int32_t>(static_cast<std::uint32_t>(page) + count);
+}
+
+std::u16string InsertTabSheet(std::u16string_view page, InsertedTabs& tabs) {
+    ++tabs.Count;
+    const std::int32_t moved = AddCount(ReadDecimal(page), tabs.Count);
+    tabs.LowestPage = std::min(tabs.LowestPage, moved);
+    return DecimalText(moved);
+}
+
+std::u16string MovePage(std::u16string_view page, const InsertedTabs& tabs) {
+    const std::int32_t number = ReadDecimal(page);
+    return DecimalText(number >= tabs.LowestPage ? AddCount(number, tabs.Count) : number);
+}
+
+// Fills the template's places from left to right in one pass: a page text may be long. There are never fewer
+// places than numbers, since a separator or the text's end stands behind each.
+std::u16string MovePageRange(std::u16string_view pages, const InsertedTabs& tabs) {
+    constexpr std::u16string_view separators = u",-";
+    const std::u16string places = BuildRangeTemplate(pages);
+    std::u16string moved;
+    std::size_t copied = 0;
+    for (std::size_t begin = 0; (begin = pages.find_first_not_of(separators, begin)) != pages.npos;) {
+        const std::size_t end = std::min(pages.find_first_of(separators, begin), pages.size());
+        const std::size_t place = places.find(u"%s", copied);
+        moved.append(places, copied, place - copied).append(MovePage(pages.substr(begin, end - begin), tabs));
+        copied = place + 2;
+        begin = end;
+    }
+    return moved.append(places, copied);
+}
+
+std::u16string MovePages(std::u16string_view pages, const InsertedTabs& tabs) {
+    if (tabs.Count == 0) return std::u16string(pages);
+    if (pages.find_first_of(u",-") == pages.npos) return MovePage(pages, tabs);
+    return MovePageRange(pages, tabs);
+}
+
+}  // namespace
+
+void FillPrintType(WideText& command, const Json::Value& entry) {
+    const WideText printType = TextOf(entry["PrintType"]);
+    const WideText tabPaper = TextOf(entry["TabPaper"]);
+    const WideText textOnTab = TextOf(entry["TextOnTab"]);
+    const bool isBlank = printType == insertedSheet && (tabPaper == noTabPaper || textOnTab.IsEmpty());
+    FillFirstPlaceholder(command, isBlank ? u"BLANK" : u"PRINT");
+}
+
+void FillBinding(WideText& command, std::u16string_view option) {
+    FillWord(command, bindingRows, {}, option);
+}
+
+void FillDuplex(WideText& command, const Json::Value& entry, std::u16string_view option) {
+    FillWord(command, duplexRows, TextOf(entry["PrintType"]).View(), option);
+}
+
+void FillPaperTray(WideText& command, const Json::Value& entry, std::u16string_view option,
+                   const OptionTables* tables) {
+    const WideText tray = TextOf(entry["PaperTray"]);
+    if (tray == sameAsBody && option != u"psk:AutoSelect") {
+        FillDeviceName(command, tables == nullptr ? nullptr : tables->PageInputBins, option);
+    } else {
+        FillWord(command, trayRows, tray.View(), option);
+    }
+}
+
+void FillMediaAndTabs(WideText& command, const Json::Value& entry, std::u16string_view option,
+                      const OptionTables* tables, const Json::Value& list) {
+    if (TextOf(entry["TabPaper"]) == noTabPaper) {
+        FillDeviceName(command, tables == nullptr ? nullptr : tables->PageMediaTypes, option);
+        FillFirstPlaceholder(command, u"NONE");
+    } else {
+        FillFirstPlaceholder(command, u"TAB,NORMAL,NONE,OFF");
+        FillFirstPlaceholder(command, TabsOf(list));
+    }
+}
+
+void FillStaple(WideText& command, const Json::Value& entry, std::u16string_view option) {
+    FillWord(command, stapleRows, TextOf(entry["Staple"]).View(), option);
+}
+
+void FillPageRange(WideText& command, const Json::Value& entry, InsertedTabs& tabs) {
+    const WideText pages = TextOf(entry["PageNumber"]);
+    FillFirstPlaceholder(
+        command, InsertsTabSheet(entry) ? InsertTabSheet(pages.View(), tabs) : MovePages(pages.View(), tabs));
+}
+
+std::u16string BuildRangeTemplate(std::u16string_view pages) {
+    std::u16string places;
+    for (const char16_t unit : pages)
+        if (unit == u'-' || unit == u',') (places += u"%s") += unit;
+    if (!pages.empty() && pages.back() != u'-' && pages.back() != u',') places += u"%s";
+    return places;
+}
+
+}  // namespace DeviceSpecificModule
