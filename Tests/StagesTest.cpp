@@ -6,10 +6,13 @@
 #include <set>
 
 #include "Support.h"
+#include "stages/CarbonCopy.h"
 #include "stages/FeatureEngine.h"
 #include "stages/FeatureLists.h"
+#include "stages/HeaderFooter.h"
 #include "stages/HoldAndJobName.h"
 #include "stages/JobLogAndTime.h"
+#include "stages/PageNumbering.h"
 
 namespace DeviceSpecificModule {
 namespace {
@@ -158,6 +161,39 @@ TEST(Stages, WriteDatesInLocalTime) {
     setenv("TZ", "XYZ-05:30", 1);  // five and a half hours ahead
     EXPECT_EQ(Narrow(FormatPrintLogDate(946684799)), "Sat,01 Jan 2000 05:29:59");
     unsetenv("TZ");
+}
+
+// Tables and templates with text, since most of the built-in ones have none.
+constexpr KeywordCommand copyTypes[] = {{u"Tray", u"T "}, {u"Page", u"P "}, {}};
+constexpr KeywordCommand onOff[] = {{u"Off", u"off "}, {u"On", u"on "}, {u"On", u"again "}, {}};
+constexpr KeywordCommand noHeader[] = {{u"Off", u"no-header "}, {}};
+constexpr KeywordCommand noFooter[] = {{u"Off", u"no-footer "}, {u"", u"empty-footer "}, {}};
+constexpr KeywordCommand headerTypes[] = {{u"Fixed", u"h-fixed "}, {}};
+constexpr KeywordCommand footerTypes[] = {{u"Fixed", u"f-fixed "}, {}};
+constexpr KeywordCommand pages[] = {{u"AllPages", u"all "}, {}};
+constexpr KeywordCommand colors[] = {{u"Red", u"red "}, {}};
+constexpr HeaderFooterTables headerFooter = {
+    .HeaderFooter = onOff,
+    .Format = u"format(%s) ",
+    .Header = {u"HeaderFooterPrintHeader", noHeader, u"HeaderStartNumberType", headerTypes,
+               u"HeaderPageNumber", u"h(%s) "},
+    .Footer = {u"HeaderFooterPrintFooter", noFooter, u"FooterStartNumberType", footerTypes,
+               u"FooterPageNumber", u"f(%s) "},
+    .Pages = pages,
+    .Color = colors};
+
+TEST(Stages, FillTheirTemplates) {
+    for (const Json::Value& each : ReadCases("stages/templates.json")) {
+        Json::Value settings;
+        settings["features"] = each["features"];
+        const auto shared = std::make_shared<Json::Value>(settings);
+        const std::string stage = each["stage"].asString();
+        WideText pjl(u"");
+        if (stage == "PageNumber") AppendPageNumbering(shared, u"%s/%s/%s;%s", pjl);
+        if (stage == "CarbonCopy") AppendCarbonCopy(shared, copyTypes, u"[%s]", pjl);
+        if (stage == "HeaderFooter") AppendHeaderFooter(shared, headerFooter, pjl);
+        EXPECT_EQ(Narrow(pjl), each["expected"].asString()) << each;
+    }
 }
 
 }  // namespace

@@ -21,11 +21,12 @@ constexpr Stage* stages[] = {
     WriteUserAndResolution, WriteHoldAndJobName,
     WriteLayoutFinishing,   WriteDeviceOverlay,
     WriteCollation,         WriteOutputFeatures,
-    WritePerPageSettings,   EmptyStage,
+    WritePageNumbering,     WritePerPageSettings,   EmptyStage,
+    WriteHeaderFooter,      WriteCarbonCopy,
     ForceOneSidedTicket,    WriteQualityAdjustment,
     WriteQualityProperties, WriteJobLogAndTime,
 };
-static_assert(std::size(stages) == 12);
+static_assert(std::size(stages) == 15);
 
 void ReadPipeline(PTConverter& converter) {
     const WideText series = GetPipelineText(converter.Pipeline, u"Series");
