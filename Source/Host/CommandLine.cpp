@@ -14,12 +14,12 @@ namespace {
 
 constexpr int inputStatus = 2;
 
-constexpr void (*verbs[])(CLI::App& app, Action& action) = {AddConvertVerb, AddTablesVerb};
+constexpr void (*verbs[])(CLI::App& app, Action& action) = {AddConvertVerb, AddTablesVerb, AddPassphraseVerb};
 
 constexpr const char* description = "Runs the printer driver's device-specific module on Print Tickets.";
 
 constexpr const char* footer =
-    "Exit status: 0; 1 when a conversion threw; 2 for input\n"
+    "Exit status: 0; 1 when a conversion threw or a passphrase doesn't match the stored text; 2 for input\n"
     "that can't be read or a result that can't be written, with one line on standard error that says what\n"
     "and why. \"tickethost VERB --help\" tells all about a verb.";
 

@@ -12,5 +12,6 @@ using Action = std::function<int()>;
 // verb is a function here and a row in the list of CommandLine.cpp.
 void AddConvertVerb(CLI::App& app, Action& action);
 void AddTablesVerb(CLI::App& app, Action& action);
+void AddPassphraseVerb(CLI::App& app, Action& action);
 
 }  // namespace TicketHost

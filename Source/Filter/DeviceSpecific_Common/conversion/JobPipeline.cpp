@@ -21,12 +21,13 @@ constexpr Stage* stages[] = {
     WriteUserAndResolution, WriteHoldAndJobName,
     WriteLayoutFinishing,   WriteDeviceOverlay,
     WriteCollation,         WriteOutputFeatures,
-    WritePageNumbering,     WritePerPageSettings,   EmptyStage,
+    WritePageNumbering,     WriteCopySecurity,
+    WritePerPageSettings,   EmptyStage,
     WriteHeaderFooter,      WriteCarbonCopy,
     ForceOneSidedTicket,    WriteQualityAdjustment,
     WriteQualityProperties, WriteJobLogAndTime,
 };
-static_assert(std::size(stages) == 15);
+static_assert(std::size(stages) == 16);
 
 void ReadPipeline(PTConverter& converter) {
     const WideText series = GetPipelineText(converter.Pipeline, u"Series");

@@ -1,0 +1,104 @@
+#include <algorithm>
+#include <array>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <system_error>
+
+#include "Host/Errors.h"
+#include "Host/StandardOutput.h"
+#include "Host/Texts.h"
+#include "Host/Verbs.h"
+#include "Platform/Terminal.h"
+#include "secrets/Aes.h"
+#include "secrets/HexText.h"
+#include "secrets/Passphrase.h"
+#include "secrets/Wipe.h"
+
+namespace TicketHost {
+namespace {
+
+using namespace DeviceSpecificModule;
+
+constexpr const char* inputName = "standard input";
+
+// Room for the longest passphrase and a line end, and for at least one byte that makes it too long.
+using Input = std::array<char, 64>;
+static_assert(std::tuple_size_v<Input> > LongestPassphrase + 2);
+
+std::string_view WithoutLineEnd(std::string_view text) {
+    if (!text.ends_with('\n')) return text;
+    text.remove_suffix(text.ends_with("\r\n") ? 2 : 1);
+    return text;
+}
+
+// Reads a passphrase that can be stored. The result stands in `input`.
+std::string_view ReadPassphrase(Input& input) {
+    std::error_code error;
+    const std::size_t count = Platform::ReadHiddenInput("Passphrase: ", input, error);
+    if (error) throw InputError(inputName, error.message());
+    const std::string_view passphrase = WithoutLineEnd(std::string_view(input.data(), count));
+    if (passphrase.empty()) throw InputError(inputName, "the passphrase is empty");
+    // The bytes behind would be stored and reach no key, so that other passphrases would do as well.
+    if (passphrase.size() > LongestPassphrase)
+        throw InputError(inputName,
+                         "the passphrase is longer than " + std::to_string(LongestPassphrase) + " bytes");
+    // Zeros fill up a shorter one.
+    if (passphrase.find('\0') != passphrase.npos)
+        throw InputError(inputName, "the passphrase holds a zero byte");
+    return passphrase;
+}
+
+void PrintLine(std::string_view line) {
+    StandardOutput output;
+    output.Stream() << line << '\n';
+    output.Send();
+}
+
+int PrintStored() {
+    Wiped<Input> input;
+    PrintLine(WrapPassphrase(ReadPassphrase(input.Value)));
+    return 0;
+}
+
+// The text is judged first, so that nobody types for nothing.
+int CheckStored(const std::string& text) {
+    const std::u16string stored = UnitsOf(text);
+    const std::size_t length = BytesFromHexText(stored).size();
+    if (length == 0 || length % AesBlockBytes != 0)
+        throw InputError("--check",
+                         "not a stored passphrase, which is 32 hexadecimal digits or a multiple of that");
+    Wiped<PassphraseBytes> expected, given;
+    UnwrapPassphrase(stored, expected.Value);
+    Wiped<Input> input;
+    std::ranges::copy(ReadPassphrase(input.Value), given.Value.begin());
+    const bool matches = given.Value == expected.Value;
+    PrintLine(matches ? "matches" : "does not match");
+    return matches ? 0 : 1;
+}
+
+}  // namespace
+
+void AddPassphraseVerb(CLI::App& app, Action& action) {
+    const auto stored = std::make_shared<std::optional<std::string>>();
+    CLI::App* verb =
+        app.add_subcommand("passphrase", "Wraps a queue's passphrase for \"encryptionPassphrase\"")
+            ->group("Verbs");
+    verb->add_option("--check", *stored, "Say whether this stored text stands for the passphrase")
+        ->type_name("TEXT");
+    verb->footer(
+        "Reads a passphrase of 1 to 20 bytes from the standard input, up to its end or, unseen, a line from "
+        "a\n"
+        "terminal; a line end behind it doesn't count. Prints the text to store. With --check the exit "
+        "status is 0\n"
+        "for a match and 1 for none.\n"
+        "\n"
+        "  tickethost passphrase\n"
+        "  printf %s \"$PASSPHRASE\" | tickethost passphrase --check \"$STORED\"");
+    verb->callback([&action, stored] {
+        action = [stored] { return stored->has_value() ? CheckStored(**stored) : PrintStored(); };
+    });
+}
+
+}  // namespace TicketHost

@@ -1,0 +1,82 @@
+#include <gtest/gtest.h>
+#include <json/writer.h>
+#include <pty.h>
+#include <sys/wait.h>
+#include <termios.h>
+#include <unistd.h>
+
+#include <cstdio>
+
+#include "Support.h"
+
+namespace DeviceSpecificModule {
+namespace {
+
+// The exit status, or a signal's number below zero.
+int EndOf(int status) { return WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status); }
+
+TEST(PassphraseVerb, WrapsAndChecksWhatComesIn) {
+    for (const Json::Value& row : ReadCases("secrets/passphrases.json")) {
+        const std::string command =
+            "(" + row[0].asString() + ") | " TICKETHOST " passphrase " + row[1].asString() + " 2>&1";
+        std::FILE* pipe = popen(command.c_str(), "r");
+        ASSERT_NE(pipe, nullptr);
+        std::string output;
+        for (int byte = std::fgetc(pipe); byte != EOF; byte = std::fgetc(pipe))
+            output += static_cast<char>(byte);
+        EXPECT_EQ(EndOf(pclose(pipe)), row[2].asInt()) << row;
+        EXPECT_EQ(output, row[3].asString()) << row;
+    }
+}
+
+// What to wait for, and what to type then: unseen, so echo must be off.
+using Steps = std::vector<std::pair<const char*, std::string>>;
+
+// A command at a terminal: how it ends, and what it shows after the steps. Echo must be on again by then.
+std::pair<int, std::string> RunAtTerminal(const char* command, const Steps& steps) {
+    alarm(60);  // rather than wait for ever
+    int terminal = -1;
+    const pid_t child = forkpty(&terminal, nullptr, nullptr, nullptr);
+    if (child == 0) {
+        execl("/bin/sh", "sh", "-mc", command, nullptr);
+        _exit(99);
+    }
+    const auto echoes = [&] {
+        termios mode{};
+        EXPECT_EQ(tcgetattr(terminal, &mode), 0);
+        return (mode.c_lflag & ECHO) != 0;
+    };
+    std::string shown;
+    char byte = 0;
+    for (const auto& [awaited, typed] : steps) {
+        while (!shown.ends_with(awaited) && read(terminal, &byte, 1) == 1) shown += byte;
+        for (int tries = 0; tries < 1000 && echoes(); ++tries) usleep(10000);
+        EXPECT_FALSE(echoes());
+        EXPECT_EQ(write(terminal, typed.data(), typed.size()), static_cast<ssize_t>(typed.size()));
+    }
+    shown.clear();
+    while (read(terminal, &byte, 1) == 1) shown += byte;
+    EXPECT_TRUE(echoes());
+    int status = -1;
+    waitpid(child, &status, 0);
+    close(terminal);
+    alarm(0);
+    return {EndOf(status), shown};
+}
+
+TEST(PassphraseVerb, HidesWhatIsTypedAtATerminal) {
+    const std::string abc = ReadCases("secrets/passphrases.json")[0][3].asString().substr(0, 32);
+    const char *const prompt = "Passphrase: ", *const verb = "exec " TICKETHOST " passphrase";
+    EXPECT_EQ(RunAtTerminal(verb, {{prompt, "abc\n"}}), std::pair(0, "\r\n" + abc + "\r\n"));
+    EXPECT_EQ(RunAtTerminal(verb, {{prompt, std::string(300, 'x') + "\n"}}).first, 2);
+    EXPECT_EQ(RunAtTerminal(verb, {{prompt, "\x04"}}).first, 2);  // end of input
+    EXPECT_EQ(RunAtTerminal(verb, {{prompt, "ab\x03"}}).first, -SIGINT);
+    // Stopped, with echo on meanwhile, and continued.
+    const char* const stopped = TICKETHOST " passphrase; stty -a | grep -o ' echo ' && fg";
+    EXPECT_EQ(
+        RunAtTerminal(stopped, {{prompt, "ab\x1A"}, {" echo \r\n" TICKETHOST " passphrase\r\n", "abc\n"}}),
+        std::pair(0, "\r\n" + abc + "\r\n"));
+}
+
+}  // namespace
+}  // namespace DeviceSpecificModule
