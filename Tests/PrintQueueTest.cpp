@@ -109,6 +109,10 @@ TEST_F(PrintQueueTest, TheFirstUnfinishedJobGivesTheName) {
           u"two\0"s, u"\xD800"s, std::u16string(2000, u'a')})
         EXPECT_EQ(FirstDocumentName(name), std::nullopt) << testing::PrintToString(name);
 
+    const char* const convert =
+        TICKETHOST " convert --pipeline PrinterName=two " SAMPLES_DIR "/tickets/job.xml";
+    EXPECT_EQ(std::system((convert + " | grep -q '@PJL SET JOBNAME = \"First\"'"s).c_str()), 0);
+
     std::future<std::optional<std::u16string>> answers[4];
     for (auto& answer : answers) answer = std::async(std::launch::async, FirstDocumentName, u"two");
     for (auto& answer : answers) EXPECT_EQ(answer.get(), u"First");
