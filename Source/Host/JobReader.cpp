@@ -25,7 +25,7 @@ Platform::TicketDocument Load(const Ticket& ticket, const std::string& name) {
     if (document) return document;
     const bool placed = error.Line > 0;
     const std::string place = ":" + std::to_string(error.Line) + ":" + std::to_string(error.Column);
-    throw InputError(placed ? name + place : name, error.Reason.substr(0, error.Reason.find('\n')));
+    throw InputError(placed ? name + place : name, error.Reason);
 }
 
 std::shared_ptr<const Ticket> ReadTicketFile(const fs::path& file) {

@@ -1,5 +1,7 @@
 #include "conversion/JobPipeline.h"
 
+#include <iterator>
+
 #include "conversion/JsonState.h"
 #include "conversion/PipelineProperties.h"
 #include "conversion/TextOperations.h"

@@ -54,11 +54,16 @@ std::u16string DecimalText(std::int64_t number) {
     return std::u16string(digits, result.ptr);
 }
 
-std::int32_t ReadDecimal(std::u16string_view text) {
+bool TakeSign(std::u16string_view& text) {
     const auto isBlank = [](char16_t unit) { return unit == u' ' || (unit >= u'\t' && unit <= u'\r'); };
     while (!text.empty() && isBlank(text.front())) text.remove_prefix(1);
     const bool negative = text.starts_with(u'-');
     if (negative || text.starts_with(u'+')) text.remove_prefix(1);
+    return negative;
+}
+
+std::int32_t ReadDecimal(std::u16string_view text) {
+    const bool negative = TakeSign(text);
     std::int64_t number = 0;
     for (; !text.empty() && text.front() >= u'0' && text.front() <= u'9'; text.remove_prefix(1))
         number = std::min<std::int64_t>(number * 10 + (text.front() - u'0'), std::int64_t{1} << 32);

@@ -39,8 +39,12 @@ void FillFirstPlaceholder(WideText& text, std::u16string_view value);
 // Decimal digits, with a "-" ahead of a negative number.
 std::u16string DecimalText(std::int64_t number);
 
-// Reads a decimal number as far as it goes: white space (blank, \t, \n, \v, \f, \r), a sign, digits. 0
-// without digits; what exceeds 32 bits saturates.
+// Takes what may stand ahead of a decimal number's digits off the text: white space (blank, \t, \n, \v, \f,
+// \r) and one sign. Gives whether that was a "-".
+bool TakeSign(std::u16string_view& text);
+
+// Reads a decimal number as far as it goes, behind what TakeSign takes. 0 without digits; what exceeds 32
+// bits saturates.
 std::int32_t ReadDecimal(std::u16string_view text);
 
 }  // namespace DeviceSpecificModule

@@ -4,17 +4,16 @@
 #include <limits>
 #include <stdexcept>
 
+#include "conversion/TextOperations.h"
+
 namespace DeviceSpecificModule {
 namespace {
 
-bool IsBlank(char16_t unit) { return unit == u' ' || (unit >= u'\t' && unit <= u'\r'); }
 bool IsDigit(char16_t unit) { return unit >= u'0' && unit <= u'9'; }
 
 // Spelled out, because std::stoi takes no such texts and the words of its errors differ between libraries.
 std::int32_t ToInteger(std::u16string_view text) {
-    while (!text.empty() && IsBlank(text.front())) text.remove_prefix(1);
-    const bool negative = text.starts_with(u'-');
-    if (negative || text.starts_with(u'+')) text.remove_prefix(1);
+    const bool negative = TakeSign(text);
     if (text.empty() || !IsDigit(text.front())) throw std::invalid_argument("invalid stoi argument");
 
     const std::int64_t largest = std::numeric_limits<std::int32_t>::max() + std::int64_t{negative};
