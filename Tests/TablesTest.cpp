@@ -10,9 +10,9 @@
 #include <string>
 #include <vector>
 
+#include "conversion/ExportedTables.h"
 #include "tables/CarbonCopyKeywords.h"
 #include "tables/CopySecurityKeywords.h"
-#include "tables/ExportedTables.h"
 #include "tables/FinishingKeywords.h"
 #include "tables/HeaderFooterKeywords.h"
 #include "tables/JobKeywords.h"

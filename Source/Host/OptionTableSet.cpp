@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <stdexcept>
 
-#include "tables/ExportedTables.h"
+#include "conversion/ExportedTables.h"
 
 namespace TicketHost {
 namespace {

@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "tables/OptionRecord.h"
+#include "conversion/OptionRecord.h"
 
 namespace TicketHost {
 

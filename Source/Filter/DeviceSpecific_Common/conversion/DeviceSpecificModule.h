@@ -4,9 +4,9 @@
 
 #include "Platform/PropertyBags.h"
 #include "Platform/TicketDocument.h"
-#include "tables/ExportedTables.h"
-#include "tables/ModuleApi.h"
-#include "tables/OptionRecord.h"
+#include "conversion/ExportedTables.h"
+#include "conversion/ModuleApi.h"
+#include "conversion/OptionRecord.h"
 
 // The functions that the module exports: all that a host needs to include, beside the platform layer's
 // headers.

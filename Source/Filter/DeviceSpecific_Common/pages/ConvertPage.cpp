@@ -3,10 +3,10 @@
 #include <string>
 
 #include "conversion/JsonState.h"
+#include "conversion/OptionRecord.h"
 #include "conversion/PipelineProperties.h"
 #include "conversion/TextOperations.h"
 #include "pages/PageSize.h"
-#include "tables/OptionRecord.h"
 #include "tables/OptionTables.h"
 #include "ticket/TicketEditing.h"
 #include "ticket/TicketQueries.h"

@@ -4,9 +4,9 @@
 
 #include <string_view>
 
+#include "conversion/OptionRecord.h"
 #include "conversion/PTConverter.h"
-#include "stages/Stages.h"
-#include "tables/OptionRecord.h"
+#include "conversion/Stage.h"
 
 namespace DeviceSpecificModule {
 

@@ -8,7 +8,7 @@
 #include <string_view>
 
 #include "Platform/WideText.h"
-#include "tables/OptionRecord.h"
+#include "conversion/OptionRecord.h"
 
 namespace DeviceSpecificModule {
 

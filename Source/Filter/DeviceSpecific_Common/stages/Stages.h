@@ -1,13 +1,10 @@
 #pragma once
 
-#include "conversion/PTConverter.h"
+#include "conversion/Stage.h"
 
 namespace DeviceSpecificModule {
 
-// The stages of the job pipeline. Each reads the user's settings and the ticket and appends to the
-// converter's texts; a stage with nothing to say appends nothing, and none touches what another has written.
-// The bag and the ticket are the converter's own, lent for the call.
-using Stage = void(PTConverter& converter, const PipelineBag& bag, const TicketDocument& ticket);
+// The stages of the job pipeline, in its order; that of the exceptions for single pages stands in perpage.
 
 Stage WriteUserAndResolution;
 Stage WriteHoldAndJobName;

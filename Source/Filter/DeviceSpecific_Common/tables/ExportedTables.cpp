@@ -1,4 +1,4 @@
-#include "tables/ExportedTables.h"
+#include "conversion/ExportedTables.h"
 
 #include <algorithm>
 #include <span>

@@ -5,7 +5,7 @@
 #include <initializer_list>
 #include <string_view>
 
-#include "tables/OptionRecord.h"
+#include "conversion/OptionRecord.h"
 
 // What the builders of option tables share.
 

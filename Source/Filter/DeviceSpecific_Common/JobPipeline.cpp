@@ -1,4 +1,4 @@
-#include "conversion/JobPipeline.h"
+#include "JobPipeline.h"
 
 #include <iterator>
 

@@ -1,5 +1,5 @@
+#include "JobPipeline.h"
 #include "conversion/DeviceSpecificModule.h"
-#include "conversion/JobPipeline.h"
 #include "conversion/PTConverter.h"
 #include "pages/ConvertDocument.h"
 #include "pages/ConvertPage.h"

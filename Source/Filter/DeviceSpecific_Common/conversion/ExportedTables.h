@@ -2,8 +2,8 @@
 
 #include <cstdint>
 
-#include "tables/ModuleApi.h"
-#include "tables/OptionRecord.h"
+#include "conversion/ModuleApi.h"
+#include "conversion/OptionRecord.h"
 
 // The device's option tables, for the host. A host takes a copy of each, may change its rows, and hands its
 // copies to every conversion in an OptionTables record.
