@@ -78,8 +78,8 @@ TEST(PerPageWriters, MovePagesByTheTabSheetsInsertedSoFar) {
     entry["TextOnTab"] = "A";
     entry["PrintType"] = "InsertBlankSheet";
     FillPageRange(noPlace, entry, tabs);
-    EXPECT_EQ(tabs.Count, 4u);
-    EXPECT_TRUE(BuildRangeTemplate(u"").empty() && BuildRangeTemplate(u"7") == u"%s");
+    EXPECT_EQ(tabs.InsertedTabCount, 4u);
+    EXPECT_TRUE(BuildRangeTemplate(u"").IsEmpty() && BuildRangeTemplate(u"7") == u"%s");
 }
 
 TEST(PerPageOrder, ReadsPageTexts) {

@@ -48,12 +48,17 @@ WideText::Buffer* WideText::NewBuffer(std::size_t capacity) noexcept {
     return buffer;
 }
 
-WideText::WideText(std::u16string_view units) : buffer_(&Buffer::Empty), length_(units.size()) {
-    if (units.empty()) return;
-    buffer_ = NewBuffer(units.size());
-    if (buffer_ == nullptr) ThrowResult(ResultOutOfMemory);
-    std::memcpy(buffer_->Units(), units.data(), units.size() * sizeof(char16_t));
-    buffer_->used.store(units.size(), std::memory_order_relaxed);
+WideText::WideText(std::u16string_view units) : WideText(Join({units})) {}
+
+WideText WideText::Join(std::initializer_list<std::u16string_view> pieces) {
+    std::size_t length = 0;
+    for (const std::u16string_view piece : pieces) length += piece.size();
+    WideText joined;
+    joined.buffer_ = length == 0 ? &Buffer::Empty : NewBuffer(length);
+    if (joined.buffer_ == nullptr) ThrowResult(ResultOutOfMemory);
+    for (const std::u16string_view piece : pieces)
+        if (!piece.empty()) joined.GrowInPlace(piece);
+    return joined;
 }
 
 WideText::WideText(const WideText& other) noexcept : buffer_(other.buffer_), length_(other.length_) {

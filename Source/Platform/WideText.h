@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <initializer_list>
 #include <string_view>
 
 #include "Platform/Export.h"
@@ -20,6 +21,8 @@ public:
     constexpr WideText() noexcept = default;  // null
     // A text of these units; not null, even when there are none. Throws ResultError (ResultOutOfMemory).
     explicit WideText(std::u16string_view units);
+    // These texts, one behind the other, in a buffer of just their length. Not null. Throws as above.
+    static WideText Join(std::initializer_list<std::u16string_view> pieces);
     WideText(const WideText& other) noexcept;
     WideText(WideText&& other) noexcept;
     WideText& operator=(const WideText& other) noexcept;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <charconv>
 #include <limits>
+#include <type_traits>
 
 #include "Platform/CodePages.h"
 
@@ -21,9 +22,13 @@ void AppendNarrowText(WideText& target, const char* text) noexcept {
 void AppendWideText(WideText& target, const WideText& source) noexcept { target.Append(source.View()); }
 
 bool AppendWideChars(WideText& target, std::u16string_view source) noexcept {
-    if (source.data() == nullptr) return true;
     if (target.IsNull() && source.empty()) target = WideText(u"");
     return target.Append(source);
+}
+
+void AddPieces(WideText& target, std::initializer_list<std::u16string_view> pieces) {
+    for (const std::u16string_view piece : pieces)
+        if (!target.Append(piece)) ThrowResult(Platform::ResultOutOfMemory);
 }
 
 WideText WideFromNarrow(const char* text) {
@@ -41,17 +46,13 @@ std::string NarrowFromWide(std::u16string_view text) {
 void FillFirstPlaceholder(WideText& text, std::u16string_view value) {
     const std::u16string_view whole = text.View();
     const std::size_t place = whole.find(u"%s");
-    if (place == whole.npos) return;
-    WideText filled(whole.substr(0, place));
-    if (!filled.Append(value) || !filled.Append(whole.substr(place + 2)))
-        ThrowResult(Platform::ResultOutOfMemory);
-    text = std::move(filled);
+    if (place != whole.npos) text = WideText::Join({whole.substr(0, place), value, whole.substr(place + 2)});
 }
 
-std::u16string DecimalText(std::int64_t number) {
-    char digits[24];
-    const auto result = std::to_chars(digits, digits + sizeof digits, number);
-    return std::u16string(digits, result.ptr);
+DecimalText::DecimalText(std::int64_t number) noexcept {
+    char digits[std::extent_v<decltype(units_)>];
+    const auto result = std::to_chars(digits, std::end(digits), number);
+    length_ = static_cast<std::size_t>(std::copy(digits, result.ptr, units_) - units_);
 }
 
 bool TakeSign(std::u16string_view& text) {

@@ -1,7 +1,5 @@
 #include "pages/ConvertDocument.h"
 
-#include <string>
-
 #include "conversion/JsonState.h"
 #include "conversion/OptionRecord.h"
 #include "conversion/PipelineProperties.h"
@@ -13,11 +11,9 @@
 namespace DeviceSpecificModule {
 namespace {
 
-WideText Setting(const PTConverter& converter, std::u16string_view key) {
-    return LookupCustomProperty(converter.CustomProperties, key);
+bool IsFourInOne(const PTConverter& converter) {
+    return LookupCustomProperty(converter.CustomProperties, u"Layout") == u"Bl4in1";
 }
-
-bool IsFourInOne(const PTConverter& converter) { return Setting(converter, u"Layout") == u"Bl4in1"; }
 
 struct DocumentSize {
     WideText Key;               // without prefix; may be null
@@ -25,7 +21,7 @@ struct DocumentSize {
 };
 
 DocumentSize ChooseSize(const PTConverter& converter, const TicketDocument& ticket) {
-    WideText size = Setting(converter, u"OutPSize");
+    WideText size = LookupCustomProperty(converter.CustomProperties, u"OutPSize");
     const bool chosenByUser = size != u"UsePaperSize";
     if (!chosenByUser) size = GetFeatureOptionName(ticket, u"PageMediaSize");
     if (size.IsEmpty()) return {GetPipelineText(converter.Pipeline, u"PAPER_SIZE"), chosenByUser};
@@ -50,8 +46,8 @@ Dimensions PublishedDimensions(const PTConverter& converter) {
 Dimensions FindDimensions(const PTConverter& converter, const TicketDocument& ticket, bool chosenByUser) {
     Dimensions size;
     if (chosenByUser) {
-        size.Width = Setting(converter, u"OutPSizeW");
-        size.Height = Setting(converter, u"OutPSizeH");
+        size.Width = LookupCustomProperty(converter.CustomProperties, u"OutPSizeW");
+        size.Height = LookupCustomProperty(converter.CustomProperties, u"OutPSizeH");
     } else {
         size.Width = GetParameterInitValue(ticket, u"PageMediaSizeMediaSizeWidth", true);
         size.Height = GetParameterInitValue(ticket, u"PageMediaSizeMediaSizeHeight", true);
@@ -83,12 +79,13 @@ WideText ReplaceSize(PTConverter& converter, const TicketDocument& ticket, WideT
 
 // The table gives this size to the published keywords, which don't have it.
 void CorrectNamespaceOfRoc16K(WideText& fragments) {
-    constexpr std::u16string_view start = u"<psf:Feature name=\"psk:PageMediaSize\"><psf:Option name=\"";
-    constexpr std::u16string_view wrongPrefix = u"psk:";
-    std::u16string text(fragments.View());
-    const std::size_t place = text.find(std::u16string(start).append(wrongPrefix));
+    constexpr std::u16string_view wrong = u"<psf:Feature name=\"psk:PageMediaSize\"><psf:Option name=\"psk:";
+    constexpr std::u16string_view right =
+        u"<psf:Feature name=\"psk:PageMediaSize\"><psf:Option name=\"ns0000:";
+    const std::u16string_view text = fragments.View();
+    const std::size_t place = text.find(wrong);
     if (place == text.npos) return;
-    fragments = WideText(text.replace(place + start.size(), wrongPrefix.size(), u"ns0000:"));
+    fragments = WideText::Join({text.substr(0, place), right, text.substr(place + wrong.size())});
 }
 
 }  // namespace

@@ -1,7 +1,5 @@
 #include "pages/ConvertPage.h"
 
-#include <string>
-
 #include "conversion/JsonState.h"
 #include "conversion/OptionRecord.h"
 #include "conversion/PipelineProperties.h"
@@ -21,12 +19,8 @@ struct PageRun {
     PageFlags Flags;
 };
 
-WideText Setting(const PageRun& run, std::u16string_view key) {
-    return LookupCustomProperty(run.Converter.CustomProperties, key);
-}
-
 void WritePageMarker(PTConverter& converter) {
-    AppendWideChars(converter.DataText, u"Page_" + DecimalText(converter.PageCount) + u"\r\n");
+    AppendWideText(converter.DataText, WideText::Join({u"Page_", DecimalText(converter.PageCount), u"\r\n"}));
     ++converter.PageCount;
 }
 
@@ -56,7 +50,7 @@ struct SizeChoice {
 };
 
 SizeChoice ChooseSize(const PageRun& run) {
-    WideText size = Setting(run, u"OutPSize");
+    WideText size = LookupCustomProperty(run.Converter.CustomProperties, u"OutPSize");
     if (size != u"UsePaperSize") return {size, SizeSource::Settings};
     size = GetFeatureOptionName(run.Ticket, u"PageMediaSize");
     // A form that the user named at the queue: the ticket holds its size, under a name that no table knows.
@@ -81,7 +75,7 @@ constexpr Dimension heightNames = {u"OutPSizeH", u"MediaSizeHeight", u"PageMedia
 WideText ReadMicrometres(const PageRun& run, SizeSource source, const Dimension& names) {
     switch (source) {
         case SizeSource::Settings:
-            return Setting(run, names.Setting);
+            return LookupCustomProperty(run.Converter.CustomProperties, names.Setting);
         case SizeSource::UserForm:
             return GetScoredPropertyValue(run.Ticket, u"PageMediaSize", names.ScoredProperty);
         case SizeSource::Parameters:
@@ -136,7 +130,7 @@ void WriteMediaSize(const PageRun& run) {
 void WriteTicketOption(const PageRun& run, std::u16string_view feature, const OptionRecord* table) {
     if (table == nullptr) return;
     const WideText option = GetFeatureOptionName(run.Ticket, feature);
-    WriteOption(run, u"psk:" + std::u16string(feature), option.View(), table);
+    WriteOption(run, WideText::Join({u"psk:", feature}).View(), option.View(), table);
 }
 
 // A sheet in landscape is turned over along its other edge. What isn't the short edge becomes it, one-sided
@@ -149,7 +143,7 @@ void WriteDuplex(const PageRun& run) {
     constexpr std::u16string_view name = u"JobDuplexAllDocumentsContiguously";
     constexpr std::u16string_view feature = u"psk:JobDuplexAllDocumentsContiguously";
     const OptionTables& tables = *run.Converter.Tables;
-    const bool booklet = Setting(run, u"Booklet") == u"On";
+    const bool booklet = LookupCustomProperty(run.Converter.CustomProperties, u"Booklet") == u"On";
     WideText orientation = GetFeatureOptionName(run.Ticket, u"PageOrientation");
     if (orientation.IsEmpty()) orientation = GetPipelineText(run.Converter.Pipeline, u"PageOrientation");
     if (booklet) {

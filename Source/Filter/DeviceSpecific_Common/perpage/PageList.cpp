@@ -9,15 +9,6 @@
 namespace DeviceSpecificModule {
 namespace {
 
-constexpr unsigned notADigit = 16;
-
-unsigned DigitOf(char16_t unit) {
-    if (unit >= u'0' && unit <= u'9') return unit - u'0';
-    if (unit >= u'a' && unit <= u'f') return unit - u'a' + 10u;
-    if (unit >= u'A' && unit <= u'F') return unit - u'A' + 10u;
-    return notADigit;
-}
-
 // Takes the prefix off the digits that it announces. A lone "0" is a digit of its own.
 unsigned TakeBase(std::u16string_view& number) {
     if (number.starts_with(u"0x") || number.starts_with(u"0X")) {
@@ -32,7 +23,7 @@ std::optional<std::uint32_t> ReadLastPage(std::u16string_view token) {
     if (token.empty()) return std::nullopt;
     std::uint64_t page = 0;
     for (const char16_t unit : token) {
-        const unsigned digit = DigitOf(unit);
+        const unsigned digit = HexDigitValue(unit);
         if (digit >= base) return std::nullopt;
         page = std::min<std::uint64_t>(page * base + digit, std::numeric_limits<std::uint32_t>::max());
     }

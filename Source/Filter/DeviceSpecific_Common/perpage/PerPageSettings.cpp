@@ -1,7 +1,5 @@
 #include "perpage/PerPageSettings.h"
 
-#include <string>
-
 #include "conversion/JsonState.h"
 #include "conversion/TextOperations.h"
 #include "perpage/PerPageOrder.h"
@@ -36,7 +34,7 @@ void AppendPerPageCommands(Json::Value& details, const Json::Value& list, const 
     std::int32_t count = 0;
     for (const PerPageOrderEntry& place : BuildPerPageOrder(details)) {
         const Json::Value& entry = details[place.Position];
-        const std::u16string number = DecimalText(++count);
+        const DecimalText number(++count);
         WideText command(format);
         // The order of the fills is the order of the device's values.
         FillFirstPlaceholder(command, number);

@@ -31,8 +31,9 @@ PerPageJobOptions ReadPerPageJobOptions(const TicketDocument& ticket);
 // again; "OFF". A value that an entry lacks is left out, and those behind it move up one place; places that
 // are left stay "%s", values that are left go nowhere.
 //
-// The JSON library's errors pass through (see BuildPerPageOrder and the writers); lack of memory throws
-// ResultError or std::bad_alloc. `pjl` then holds the commands of the entries before.
+// The JSON library's errors pass through (see BuildPerPageOrder and the writers). Without memory it throws
+// ResultError, std::bad_alloc only for the order and from the JSON library. `pjl` then holds the commands of
+// the entries before.
 void AppendPerPageCommands(Json::Value& details, const Json::Value& list, const PerPageJobOptions& options,
                            const OptionTables* tables, std::u16string_view format, WideText& pjl);
 

@@ -1,6 +1,7 @@
 #include "perpage/PerPageWriters.h"
 
 #include <algorithm>
+#include <optional>
 #include <span>
 
 #include "conversion/TextOperations.h"
@@ -12,12 +13,12 @@ namespace {
 
 // What the device says for a word of an entry and an option of the ticket. The first row that fits counts.
 struct WordRow {
-    std::u16string_view Word;    // without data (nullptr): any
-    std::u16string_view Option;  // without data (nullptr): any
+    std::optional<std::u16string_view> Word;  // none: any
+    std::optional<std::u16string_view> Option;
     std::u16string_view Value;
 };
 
-constexpr std::u16string_view any;
+constexpr std::nullopt_t any = std::nullopt;
 constexpr std::u16string_view insertedSheet = u"InsertBlankSheet";
 constexpr std::u16string_view noTabPaper = u"DoNotUse";
 constexpr std::u16string_view sameAsBody = u"SameAsBody";
@@ -54,8 +55,8 @@ constexpr WordRow stapleRows[] = {
     {any, any, u"ANY2POINT"},
 };
 
-bool Fits(std::u16string_view pattern, std::u16string_view text) {
-    return pattern.data() == nullptr || pattern == text;
+bool Fits(std::optional<std::u16string_view> pattern, std::u16string_view text) {
+    return !pattern || *pattern == text;
 }
 
 void FillWord(WideText& command, std::span<const WordRow> rows, std::u16string_view word,
@@ -70,11 +71,11 @@ void FillDeviceName(WideText& command, const OptionRecord* table, std::u16string
     if (row != nullptr) FillFirstPlaceholder(command, row->DeviceName.View());
 }
 
-std::u16string TabsOf(const Json::Value& list) {
+WideText TabsOf(const Json::Value& list) {
     const WideText number = TextOf(list["NumberOfTabs"]);
     const std::u16string_view text = number.View();
-    return u"TAB" +
-           std::u16string(text.substr(text.find(u':') + 1));  // a missing colon's place is the largest number
+    // A missing colon's place is the largest number.
+    return WideText::Join({u"TAB", text.substr(text.find(u':') + 1)});
 }
 
 bool InsertsTabSheet(const Json::Value& entry) {
@@ -87,39 +88,41 @@ std::int32_t AddCount(std::int32_t page, std::uint32_t count) {
     return static_cast<std::int32_t>(static_cast<std::uint32_t>(page) + count);
 }
 
-std::u16string InsertTabSheet(std::u16string_view page, InsertedTabs& tabs) {
-    ++tabs.Count;
-    const std::int32_t moved = AddCount(ReadDecimal(page), tabs.Count);
-    tabs.LowestPage = std::min(tabs.LowestPage, moved);
+DecimalText InsertTabSheet(std::u16string_view page, InsertedTabs& tabs) {
+    ++tabs.InsertedTabCount;
+    const std::int32_t moved = AddCount(ReadDecimal(page), tabs.InsertedTabCount);
+    tabs.LowestOfInsertedTabPages = std::min(tabs.LowestOfInsertedTabPages, moved);
     return DecimalText(moved);
 }
 
-std::u16string MovePage(std::u16string_view page, const InsertedTabs& tabs) {
+DecimalText MovePage(std::u16string_view page, const InsertedTabs& tabs) {
     const std::int32_t number = ReadDecimal(page);
-    return DecimalText(number >= tabs.LowestPage ? AddCount(number, tabs.Count) : number);
+    const bool moves = number >= tabs.LowestOfInsertedTabPages;
+    return DecimalText(moves ? AddCount(number, tabs.InsertedTabCount) : number);
 }
 
 // Fills the template's places from left to right in one pass: a page text may be long. There are never fewer
 // places than numbers, since a separator or the text's end stands behind each.
-std::u16string MovePageRange(std::u16string_view pages, const InsertedTabs& tabs) {
+WideText MovePageRange(std::u16string_view pages, const InsertedTabs& tabs) {
     constexpr std::u16string_view separators = u",-";
-    const std::u16string places = BuildRangeTemplate(pages);
-    std::u16string moved;
-    std::size_t copied = 0;
+    const WideText whole = BuildRangeTemplate(pages);
+    std::u16string_view places = whole.View();
+    WideText moved;
     for (std::size_t begin = 0; (begin = pages.find_first_not_of(separators, begin)) != pages.npos;) {
         const std::size_t end = std::min(pages.find_first_of(separators, begin), pages.size());
-        const std::size_t place = places.find(u"%s", copied);
-        moved.append(places, copied, place - copied).append(MovePage(pages.substr(begin, end - begin), tabs));
-        copied = place + 2;
+        const std::size_t place = places.find(u"%s");
+        AddPieces(moved, {places.substr(0, place), MovePage(pages.substr(begin, end - begin), tabs)});
+        places.remove_prefix(place + 2);
         begin = end;
     }
-    return moved.append(places, copied);
+    AddPieces(moved, {places});
+    return moved;
 }
 
-std::u16string MovePages(std::u16string_view pages, const InsertedTabs& tabs) {
-    if (tabs.Count == 0) return std::u16string(pages);
-    if (pages.find_first_of(u",-") == pages.npos) return MovePage(pages, tabs);
-    return MovePageRange(pages, tabs);
+void FillMovedPages(WideText& command, std::u16string_view pages, const InsertedTabs& tabs) {
+    if (tabs.InsertedTabCount == 0) return FillFirstPlaceholder(command, pages);
+    if (pages.find_first_of(u",-") == pages.npos) return FillFirstPlaceholder(command, MovePage(pages, tabs));
+    FillFirstPlaceholder(command, MovePageRange(pages, tabs).View());
 }
 
 }  // namespace
@@ -157,7 +160,7 @@ void FillMediaAndTabs(WideText& command, const Json::Value& entry, std::u16strin
         FillFirstPlaceholder(command, u"NONE");
     } else {
         FillFirstPlaceholder(command, u"TAB,NORMAL,NONE,OFF");
-        FillFirstPlaceholder(command, TabsOf(list));
+        FillFirstPlaceholder(command, TabsOf(list).View());
     }
 }
 
@@ -167,15 +170,15 @@ void FillStaple(WideText& command, const Json::Value& entry, std::u16string_view
 
 void FillPageRange(WideText& command, const Json::Value& entry, InsertedTabs& tabs) {
     const WideText pages = TextOf(entry["PageNumber"]);
-    FillFirstPlaceholder(
-        command, InsertsTabSheet(entry) ? InsertTabSheet(pages.View(), tabs) : MovePages(pages.View(), tabs));
+    if (InsertsTabSheet(entry)) return FillFirstPlaceholder(command, InsertTabSheet(pages.View(), tabs));
+    FillMovedPages(command, pages.View(), tabs);
 }
 
-std::u16string BuildRangeTemplate(std::u16string_view pages) {
-    std::u16string places;
-    for (const char16_t unit : pages)
-        if (unit == u'-' || unit == u',') (places += u"%s") += unit;
-    if (!pages.empty() && pages.back() != u'-' && pages.back() != u',') places += u"%s";
+WideText BuildRangeTemplate(std::u16string_view pages) {
+    WideText places(u"");
+    for (const char16_t& unit : pages)
+        if (unit == u'-' || unit == u',') AddPieces(places, {u"%s", {&unit, 1}});
+    if (!pages.empty() && pages.back() != u'-' && pages.back() != u',') AddPieces(places, {u"%s"});
     return places;
 }
 

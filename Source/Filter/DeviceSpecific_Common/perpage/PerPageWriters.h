@@ -4,7 +4,6 @@
 
 #include <cstdint>
 #include <limits>
-#include <string>
 #include <string_view>
 
 #include "Platform/WideText.h"
@@ -22,7 +21,8 @@ namespace DeviceSpecificModule {
 // matches.
 //
 // The errors of the JSON library pass through, for an entry's value that is an array or an object above all.
-// Lack of memory throws ResultError or std::bad_alloc. The command then holds what was filled up to there.
+// Without memory they throw ResultError, and std::bad_alloc only from the JSON library. The command then
+// holds what was filled up to there.
 
 // "BLANK" for an inserted sheet without a tab that has text on it, otherwise "PRINT".
 void FillPrintType(WideText& command, const Json::Value& entry);
@@ -50,10 +50,10 @@ void FillStaple(WideText& command, const Json::Value& entry, std::u16string_view
 
 // The tab sheets that a job has gained up to an entry.
 struct InsertedTabs {
-    std::uint32_t Count = 0;
-    // The lowest of their page numbers, as they were sent. A page moves when it is not below any one of them,
-    // so the others don't matter.
-    std::int32_t LowestPage = std::numeric_limits<std::int32_t>::max();
+    std::uint32_t InsertedTabCount = 0;
+    // The lowest of their page numbers (InsertedTabPages), as they were sent. A page moves when it is not
+    // below any one of them, so the others don't matter.
+    std::int32_t LowestOfInsertedTabPages = std::numeric_limits<std::int32_t>::max();
 };
 
 // The entry's page text. An entry that inserts a tab sheet counts in `tabs`, itself included, and is sent as
@@ -66,6 +66,6 @@ void FillPageRange(WideText& command, const Json::Value& entry, InsertedTabs& ta
 // The separators of a page text with a "%s" in front of each, and one behind the last if something follows
 // it: "1-3,7" gives "%s-%s,%s". Separators in a row each get a "%s", so "1,,3" has one more of them than it
 // has numbers.
-std::u16string BuildRangeTemplate(std::u16string_view pages);
+WideText BuildRangeTemplate(std::u16string_view pages);
 
 }  // namespace DeviceSpecificModule

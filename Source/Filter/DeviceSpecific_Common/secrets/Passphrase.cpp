@@ -18,8 +18,9 @@ constexpr PassphraseBytes FilledUp(std::string_view characters) {
 }
 
 // The seed that stored passphrases are enciphered under. A changed one makes all of them unreadable.
-constexpr PassphraseBytes wrappingSeed = FilledUp("01ts##yVJtctVhxgRpb1");
-static_assert(wrappingSeed[LongestPassphrase - 1] != 0 && wrappingSeed[LongestPassphrase] == 0);
+constexpr PassphraseBytes PassphraseWrappingSeed = FilledUp("01ts##yVJtctVhxgRpb1");
+static_assert(PassphraseWrappingSeed[LongestPassphrase - 1] != 0 &&
+              PassphraseWrappingSeed[LongestPassphrase] == 0);
 
 }  // namespace
 
@@ -27,8 +28,8 @@ std::string WrapPassphrase(std::string_view passphrase) {
     WipedBytes bytes(passphrase.size() + AesBlockBytes);
     std::copy(passphrase.begin(), passphrase.end(), bytes.begin());
     std::int32_t length = 0;
-    EncryptJobSecret(bytes.data(), static_cast<std::uint32_t>(passphrase.size()), 0, wrappingSeed.data(),
-                     &length, CallerSeedId, CallerSeedId);
+    EncryptJobSecret(bytes.data(), static_cast<std::uint32_t>(passphrase.size()), 0,
+                     PassphraseWrappingSeed.data(), &length, CallerSeedId, CallerSeedId);
     return HexTextFromBytes(std::span(bytes).first(static_cast<std::size_t>(length)));
 }
 
@@ -39,7 +40,7 @@ void UnwrapPassphrase(std::u16string_view stored, PassphraseBytes& passphraseOut
     // The length that comes out is that of the text without padding, or negative; the padding is zeros by
     // now, and so filling up all the same.
     std::int32_t ignoredLength = 0;
-    DecryptJobSecret(bytes.data(), static_cast<std::uint32_t>(bytes.size()), wrappingSeed.data(),
+    DecryptJobSecret(bytes.data(), static_cast<std::uint32_t>(bytes.size()), PassphraseWrappingSeed.data(),
                      &ignoredLength, CallerSeedId, CallerSeedId);
     std::copy_n(bytes.begin(), std::min(bytes.size(), passphraseOut.size()), passphraseOut.begin());
 }

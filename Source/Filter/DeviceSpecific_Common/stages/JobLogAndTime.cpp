@@ -1,6 +1,7 @@
 #include "stages/JobLogAndTime.h"
 
-#include <string>
+#include <iterator>
+#include <string_view>
 
 #include "Platform/Clock.h"
 #include "Platform/Identities.h"
@@ -24,30 +25,31 @@ constexpr std::u16string_view block =
     u"@PJL SET MEDIATYPECHECK = ON\r\n"
     u"@PJL SET STRINGCODESET = UTF8\r\n";
 
-std::u16string TwoDigits(int number) {
-    std::u16string digits = DecimalText(number);
-    if (digits.size() < 2) digits.insert(digits.begin(), u'0');
-    return digits;
-}
+// A number below 100.
+struct TwoDigits {
+    explicit TwoDigits(int number) : units_{Digit(number / 10), Digit(number % 10)} {}
+    operator std::u16string_view() const { return {units_, std::size(units_)}; }
+
+private:
+    static char16_t Digit(int digit) { return static_cast<char16_t>(u'0' + digit); }
+    char16_t units_[2];
+};
 
 }  // namespace
 
 WideText FormatPrintLogDate(std::int64_t seconds) {
     Platform::LocalTime time;
     if (!Platform::ToLocalTime(seconds, time)) return WideText(u"");
-    std::u16string text(weekdays[time.Weekday]);
-    text.append(u",").append(TwoDigits(time.Day)).append(u" ").append(months[time.Month - 1]);
-    text.append(u" ").append(DecimalText(time.Year)).append(u" ").append(TwoDigits(time.Hour));
-    text.append(u":").append(TwoDigits(time.Minute)).append(u":").append(TwoDigits(time.Second));
-    return WideText(text);
+    return WideText::Join({weekdays[time.Weekday], u",", TwoDigits(time.Day), u" ", months[time.Month - 1],
+                           u" ", DecimalText(time.Year), u" ", TwoDigits(time.Hour), u":",
+                           TwoDigits(time.Minute), u":", TwoDigits(time.Second)});
 }
 
 WideText FormatJobTime(std::int64_t seconds) {
     Platform::LocalTime time;
     if (!Platform::ToLocalTime(seconds, time)) return WideText(u"");
-    std::u16string text = DecimalText(time.Year);
-    for (int part : {time.Month, time.Day, time.Hour, time.Minute, time.Second}) text += TwoDigits(part);
-    return WideText(text);
+    return WideText::Join({DecimalText(time.Year), TwoDigits(time.Month), TwoDigits(time.Day),
+                           TwoDigits(time.Hour), TwoDigits(time.Minute), TwoDigits(time.Second)});
 }
 
 void WriteJobLogAndTime(PTConverter& converter, const PipelineBag& bag, const TicketDocument&) {

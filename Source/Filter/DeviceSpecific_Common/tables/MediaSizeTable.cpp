@@ -26,15 +26,15 @@ constexpr std::u16string_view integerStart = u"<psf:Value xsi:type=\"xsd:integer
 constexpr std::u16string_view integerEnd = u"</psf:Value></psf:ScoredProperty>";
 
 WideText SizeFragment(const MediaSizeRow& row) {
-    return JoinPieces({u"<psf:Feature name=\"psk:PageMediaSize\"><psf:Option name=\"", row.Prefix, u":",
-                       row.Keyword, u"\"><psf:ScoredProperty name=\"psk:MediaSizeWidth\">", integerStart,
-                       row.Width, integerEnd, u"<psf:ScoredProperty name=\"psk:MediaSizeHeight\">",
-                       integerStart, row.Height, integerEnd, u"</psf:Option></psf:Feature>"});
+    return WideText::Join({u"<psf:Feature name=\"psk:PageMediaSize\"><psf:Option name=\"", row.Prefix, u":",
+                           row.Keyword, u"\"><psf:ScoredProperty name=\"psk:MediaSizeWidth\">", integerStart,
+                           row.Width, integerEnd, u"<psf:ScoredProperty name=\"psk:MediaSizeHeight\">",
+                           integerStart, row.Height, integerEnd, u"</psf:Option></psf:Feature>"});
 }
 
 WideText SizePostScript(const MediaSizeRow& row) {
     if (row.PageSize.empty()) return WideText(u"");
-    return JoinPieces(
+    return WideText::Join(
         {u"<</PageSize [", row.PageSize, u"] /ImagingBBox null>> setpagedevice\r\n",
          u"<</CustomPaper false>> ", SetDeviceOptions,
          row.IsWide ? u"<</WideMode true /FullBleed true>> " : u"<</WideMode false /FullBleed false>> ",
@@ -42,7 +42,7 @@ WideText SizePostScript(const MediaSizeRow& row) {
 }
 
 WideText SizeData(const MediaSizeRow& row) {
-    return row.Data.empty() ? WideText(u"") : JoinPieces({row.Data, u" MediaSize\r\n"});
+    return row.Data.empty() ? WideText(u"") : WideText::Join({row.Data, u" MediaSize\r\n"});
 }
 
 OptionRecord SizeRecord(const MediaSizeRow& row) {
@@ -62,7 +62,7 @@ OptionRecord SizeRecord(const MediaSizeRow& row) {
 }
 
 WideText CustomPostScript() {
-    return JoinPieces(
+    return WideText::Join(
         {u"%s %s 0 0 1\r\npop pop pop\r\n"
          u"//true statusdict /setcustomsize 2 copy known\r\n"
          u"{get exec} {pop pop pop} ifelse\r\n"

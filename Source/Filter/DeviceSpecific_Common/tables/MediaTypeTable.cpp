@@ -1,6 +1,7 @@
 #include <array>
 #include <cstddef>
 
+#include "conversion/TextOperations.h"
 #include "tables/MediaTypeRows.h"
 #include "tables/OptionTables.h"
 #include "tables/PostScriptTexts.h"
@@ -34,7 +35,7 @@ WideText MediumFragment(const MediaTypeRow& row, bool preprinted) {
         AddPieces(fragment, {u"<psf:ScoredProperty name=\"psk:", propertyNames[property],
                              u"\"><psf:Value xsi:type=\"xsd:string\">", values[property],
                              u"</psf:Value></psf:ScoredProperty>"});
-    return JoinPieces({fragment.View(), u"</psf:Option></psf:Feature>"});
+    return WideText::Join({fragment.View(), u"</psf:Option></psf:Feature>"});
 }
 
 WideText TypeFragment(const MediaTypeRow& row, bool preprinted) {
@@ -48,18 +49,19 @@ WideText TypePostScript(const MediaTypeRow& row, bool preprinted) {
     const MediaDescription& medium = row.Description;
     const std::u16string_view truth = preprinted ? u"true" : u"false";
     if (row.Form == MediaForm::UserDefined)
-        return JoinPieces(
+        return WideText::Join(
             {u"<</XRMediaType (", medium.Option, u") /MediaPreprinted ", truth, u">> ", SetDeviceOptions});
     if (row.Form == MediaForm::Described)
-        return JoinPieces({u"<</", medium.TypeKey, u" (", medium.Type, u") /XRMediaColor (", medium.Color,
-                           u") /XRMediaWeight (", medium.Weight, u") /MediaTabType (None) /MediaPreprinted ",
-                           truth, u" /MediaPrepunched false>>", SetDeviceOptions});
+        return WideText::Join({u"<</", medium.TypeKey, u" (", medium.Type, u") /XRMediaColor (", medium.Color,
+                               u") /XRMediaWeight (", medium.Weight,
+                               u") /MediaTabType (None) /MediaPreprinted ", truth,
+                               u" /MediaPrepunched false>>", SetDeviceOptions});
     return WideText(u"");
 }
 
 WideText TypeData(const MediaTypeRow& row, bool preprinted) {
     if (row.Data.empty() || preprinted) return WideText(u"");
-    return JoinPieces({u"ubyte_array \"", row.Data, u"\" MediaType\r\n"});
+    return WideText::Join({u"ubyte_array \"", row.Data, u"\" MediaType\r\n"});
 }
 
 OptionRecord TypeRecord(const MediaTypeRow& row, bool preprinted) {

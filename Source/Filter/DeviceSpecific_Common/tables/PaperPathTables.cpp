@@ -14,12 +14,12 @@ namespace {
 
 WideText BinFragment(std::u16string_view feature, std::u16string_view option) {
     if (option.empty()) return WideText(u"");
-    return JoinPieces({u"<psf:Feature name=\"psk:", feature, u"\"><psf:Option name=\"", option,
-                       u"\"></psf:Option></psf:Feature>"});
+    return WideText::Join({u"<psf:Feature name=\"psk:", feature, u"\"><psf:Option name=\"", option,
+                           u"\"></psf:Option></psf:Feature>"});
 }
 
 WideText InputBinData(const InputBinRow& row) {
-    return row.Data.empty() ? WideText(u"") : JoinPieces({u"ubyte \"", row.Data, u"\" MediaSource\r\n"});
+    return row.Data.empty() ? WideText(u"") : WideText::Join({u"ubyte \"", row.Data, u"\" MediaSource\r\n"});
 }
 
 OptionRecord InputBinRecord(const InputBinRow& row) {

@@ -2,20 +2,12 @@
 
 #include <array>
 #include <cstddef>
-#include <initializer_list>
-#include <string_view>
 
 #include "conversion/OptionRecord.h"
 
 // What the builders of option tables share.
 
 namespace DeviceSpecificModule {
-
-// Adds the pieces, one behind the other. Throws ResultError without memory.
-void AddPieces(WideText& text, std::initializer_list<std::u16string_view> pieces);
-
-// The pieces as one text; never null. Throws ResultError without memory.
-WideText JoinPieces(std::initializer_list<std::u16string_view> pieces);
 
 // A record for each row, and the one that ends the table. Count has it counted in.
 template <std::size_t Count, typename Row, std::size_t RowCount>

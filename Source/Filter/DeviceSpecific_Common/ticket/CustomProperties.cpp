@@ -1,7 +1,6 @@
 #include "ticket/CustomProperties.h"
 
 #include <stdexcept>
-#include <string>
 
 #include "conversion/JsonState.h"
 #include "conversion/TextOperations.h"
@@ -22,28 +21,29 @@ constexpr Series allSeries[] = {
     {u"Page", u"PageXRPageCustomProperties"},
 };
 
-std::u16string PieceName(std::u16string_view prefix, std::int32_t index) {
-    constexpr std::size_t indexLength = 3;
-    std::u16string digits = DecimalText(index);
-    if (digits.size() > indexLength) throw std::length_error("string too long");
-    digits.insert(0, indexLength - digits.size(), u'0');
-    return std::u16string(prefix) + digits;
+WideText PieceName(std::u16string_view prefix, std::int32_t index) {
+    constexpr std::u16string_view zeros = u"000";
+    const DecimalText number(index);
+    const std::u16string_view digits = number;
+    if (digits.size() > zeros.size()) throw std::length_error("string too long");
+    return WideText::Join({prefix, zeros.substr(digits.size()), digits});
 }
 
 WideText JoinPieces(const TicketDocument& ticket, const Series& series) {
     const std::int32_t count = GetCustomCount(ticket, series.Level);
     WideText joined;
     for (std::int32_t index = 0; index < count; ++index)
-        AppendWideText(joined, GetParameterInitValue(ticket, PieceName(series.PiecePrefix, index), false));
+        AddPieces(joined,
+                  {GetParameterInitValue(ticket, PieceName(series.PiecePrefix, index).View(), false).View()});
     return joined;
 }
 
 }  // namespace
 
 std::int32_t GetCustomCount(const TicketDocument& ticket, std::u16string_view level) {
-    std::u16string query = u"//psf:PrintTicket/psf:ParameterInit[@name='ns0000:";
-    query.append(level).append(u"XR").append(level).append(u"CustomCount']");
-    const TicketNode node = FindTicketNode(ticket, query);
+    const WideText query = WideText::Join(
+        {u"//psf:PrintTicket/psf:ParameterInit[@name='ns0000:", level, u"XR", level, u"CustomCount']"});
+    const TicketNode node = FindTicketNode(ticket, query.View());
     return node ? ReadDecimal(node->text().View()) : -1;
 }
 

@@ -1,7 +1,5 @@
 #include "ticket/TicketEditing.h"
 
-#include <string>
-
 #include "conversion/JsonState.h"
 #include "conversion/TextOperations.h"
 #include "ticket/TicketQueries.h"
@@ -11,14 +9,20 @@ namespace {
 
 constexpr std::u16string_view rootEndTag = u"</psf:PrintTicket>";
 
-// The document's text up to where the last child of its root ends, the root still open.
-std::u16string OpenRoot(std::u16string_view xml, bool hasChildren) {
-    if (hasChildren) return std::u16string(xml.substr(0, xml.rfind(u'<')));
+// The front part of a document's text, up to where the last child of its root ends, and what keeps the root
+// open behind it.
+struct OpenText {
+    std::u16string_view Front;
+    std::u16string_view Opening;
+};
+
+OpenText OpenRoot(std::u16string_view xml, bool hasChildren) {
+    if (hasChildren) return {xml.substr(0, xml.rfind(u'<')), u""};
     const std::size_t slash = xml.rfind(u'/');
-    if (slash == xml.npos) return std::u16string(xml);
+    if (slash == xml.npos) return {xml, u""};
     const bool hasEndTag = slash > 0 && xml[slash - 1] == u'<';
-    if (hasEndTag) return std::u16string(xml.substr(0, slash - 1));
-    return std::u16string(xml.substr(0, slash)) + u'>';
+    if (hasEndTag) return {xml.substr(0, slash - 1), u""};
+    return {xml.substr(0, slash), u">"};
 }
 
 }  // namespace
@@ -33,10 +37,9 @@ const OptionRecord* FindOptionRecord(const OptionRecord* table, std::u16string_v
 void ApplyOptionRecord(PTConverter& converter, const TicketDocument& ticket, std::u16string_view feature,
                        std::u16string_view option, const OptionRecord* table, OptionUse use) {
     if (table == nullptr) return;
-    if (!use.JobPass) {
-        std::u16string query = u"//psf:PrintTicket/psf:Feature[@name='";
-        RemoveTicketNode(ticket, query.append(feature).append(u"']"));
-    }
+    if (!use.JobPass)
+        RemoveTicketNode(ticket,
+                         WideText::Join({u"//psf:PrintTicket/psf:Feature[@name='", feature, u"']"}).View());
     const OptionRecord* row = FindOptionRecord(table, option);
     if (row == nullptr) return;
     if (!use.JobPass) {
@@ -58,9 +61,8 @@ void InsertTicketFragments(const TicketDocument& ticket, const WideText& fragmen
     const WideText xml = ticket->xml();
     const TicketNode root = FindTicketNode(ticket, u"//psf:PrintTicket");
     if (!root) return;
-    std::u16string text = OpenRoot(xml.View(), root->childNodesLength() != 0);
-    text.append(fragments.View()).append(rootEndTag);
-    ticket->loadXML(WideText(text));
+    const auto [front, opening] = OpenRoot(xml.View(), root->childNodesLength() != 0);
+    ticket->loadXML(WideText::Join({front, opening, fragments.View(), rootEndTag}));
     RemoveTicketNode(ticket, PageDevmodeSnapshotQuery);
 }
 

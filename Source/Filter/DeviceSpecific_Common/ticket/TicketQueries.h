@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string_view>
 
 #include "conversion/PTConverter.h"
@@ -10,11 +11,15 @@ namespace DeviceSpecificModule {
 // prefix the ticket binds; they go into the query as they are. Each gives the text of the first match in
 // document order, white space and the ticket's own prefix included; null where the ticket has none or the
 // query fails. They throw ResultError without memory, and nothing else that the document throws.
+//
+// Of several prefixes that are bound to one namespace a single one counts: of those in scope the one that the
+// outermost element declares, and among its declarations the last. A default namespace takes part, so one
+// that is declared behind "psk" and bound to the keywords hides every "psk:" name.
 
 // The name of the option selected for a feature of the keywords namespace, as "psk:Collated"; with a
-// subFeature (one with data) that of this feature of the Devmode namespace inside it.
+// subFeature that of this feature of the Devmode namespace inside it.
 WideText GetFeatureOptionName(const TicketDocument& ticket, std::u16string_view feature,
-                              std::u16string_view subFeature = {});
+                              std::optional<std::u16string_view> subFeature = std::nullopt);
 
 // The value of a scored property in the selected option, both of the keywords namespace.
 WideText GetScoredPropertyValue(const TicketDocument& ticket, std::u16string_view feature,
