@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 #include <json/json.h>
 
-#include <optional>
 
 #include "Platform/ResultError.h"
 #include "Support.h"
@@ -22,9 +21,8 @@ std::string RootWithout(const std::string& psk, const std::string& children) {
 }
 
 TEST(TicketQueries, ReadByLocalNameAndNamespace) {
-    const auto option = [](const std::string& xml,
-                           std::optional<std::u16string_view> subFeature = std::nullopt) {
-        return Narrow(GetFeatureOptionName(MakeDocument(xml), u"F", subFeature));
+    const auto option = [](const std::string& xml, auto... subFeature) {
+        return Narrow(GetFeatureOptionName(MakeDocument(xml), u"F", subFeature...));
     };
     EXPECT_EQ(option(RootWithout(otherPrefixes, Feature("kw:F", "kw:On"))), "kw:On");
     EXPECT_EQ(option(RootWithout(otherPrefixes, Feature("dm:F", "kw:On"))), "(null)");

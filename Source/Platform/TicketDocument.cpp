@@ -1,9 +1,69 @@
 #include "Platform/TicketDocument.h"
 
-namespace Platform {
+#include <initializer_list>
 
-// Here rather than in the header, so that the types have one home that all their users share.
+#include "Platform/ResultError.h"
+
+namespace Platform {
+namespace {
+
+void AddPieces(WideText& text, std::initializer_list<std::u16string_view> pieces) {
+    for (const std::u16string_view piece : pieces)
+        if (!text.Append(piece)) ThrowResult(ResultOutOfMemory);
+}
+
+void AddName(WideText& query, const PathStep& step) {
+    if (!step.Name) return;
+    if (!step.Namespace) return AddPieces(query, {u"[@name='", *step.Name, u"']"});
+    AddPieces(query, {u"[substring-after(@name,':')='", *step.Name, u"'][name(namespace::*[.='",
+                      *step.Namespace, u"'])=substring-before(@name,':')]"});
+}
+
+// The front part of a document's text, up to where the last child of its root ends, and what keeps the root
+// open behind it.
+struct OpenText {
+    std::u16string_view Front;
+    std::u16string_view Opening;
+};
+
+OpenText OpenRoot(std::u16string_view xml, bool hasChildren) {
+    if (hasChildren) return {xml.substr(0, xml.rfind(u'<')), u""};
+    const std::size_t slash = xml.rfind(u'/');
+    if (slash == xml.npos) return {xml, u""};
+    const bool hasEndTag = slash > 0 && xml[slash - 1] == u'<';
+    if (hasEndTag) return {xml.substr(0, slash - 1), u""};
+    return {xml.substr(0, slash), u">"};
+}
+
+}  // namespace
+
 IXMLDOMNode::~IXMLDOMNode() = default;
 IXMLDOMDocument2::~IXMLDOMDocument2() = default;
+
+WideText QueryOf(Path path) {
+    WideText query;
+    for (const PathStep& step : path) {
+        const bool isFirst = &step == path.data();
+        AddPieces(query, {step.AtAnyDepth ? u"//" : isFirst ? u"" : u"/", step.Element});
+        AddName(query, step);
+    }
+    return query;
+}
+
+bool IXMLDOMDocument2::selectPath(Path path, TicketNode& node) {
+    return selectSingleNode(QueryOf(path).View(), node);
+}
+
+bool IXMLDOMDocument2::selectSeries(Path, std::size_t, std::span<TicketNode>) { return false; }
+
+bool IXMLDOMDocument2::appendToRoot(std::u16string_view root, const WideText& fragments) {
+    const WideText text = xml();
+    TicketNode node;
+    selectSingleNode(WideText::Join({u"//", root}).View(), node);
+    if (!node) return false;
+    const auto [front, opening] = OpenRoot(text.View(), node->childNodesLength() != 0);
+    loadXML(WideText::Join({front, opening, fragments.View(), u"</", root, u">"}));
+    return true;
+}
 
 }  // namespace Platform

@@ -2,6 +2,8 @@
 
 #include <cstddef>
 #include <memory>
+#include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -17,7 +19,7 @@ using TicketDocument = std::shared_ptr<IXMLDOMDocument2>;
 
 // A node of a document. It stays valid memory for as long as it is held, also when it is removed or when the
 // document is loaded anew: it then belongs to what was, and changes to it no longer show in the document.
-// Operations throw ResultError (ResultOutOfMemory) or std::bad_alloc without memory, and leave all as it was.
+// Operations throw ResultError (ResultOutOfMemory) without memory, and leave all as it was.
 class PLATFORM_API IXMLDOMNode {
 public:
     virtual ~IXMLDOMNode();
@@ -41,6 +43,22 @@ struct ParseError {
     std::string Reason;
 };
 
+// One step of a path through a document: from an element to a child, at first from the document to its root.
+struct PathStep {
+    std::u16string_view
+        Element;  // as "psf:Feature", the prefix one of "SelectionNamespaces"; the last may be "@name"
+    bool AtAnyDepth = false;  // to any element below, not only to a child
+    // What the element's attribute "name" must be: all of it, or with a namespace the part behind its first
+    // ":", the part ahead being the prefix that counts for the namespace (as name(namespace::*[.='...'])
+    // gives it).
+    std::optional<std::u16string_view> Name = std::nullopt;
+    std::optional<std::u16string_view> Namespace = std::nullopt;
+};
+using Path = std::span<const PathStep>;
+
+// The path as an XPath query. Names go in as they are. Throws ResultError without memory.
+PLATFORM_API WideText QueryOf(Path path);
+
 // A Print Ticket.
 class PLATFORM_API IXMLDOMDocument2 {
 public:
@@ -61,6 +79,22 @@ public:
     // comments the limit may lie a little lower. An encoding named in it counts for nothing.
     // False, and the document as it was, for a text that is refused; `error`, where given, then says why.
     virtual bool loadXML(const WideText& text, ParseError* error = nullptr) = 0;
+
+    // What follows says in a form of its own what could be said by the operations above, as a document may
+    // have a cheaper way to do it. These forms go by the operations above; whatever a document does instead
+    // gives the same results.
+
+    // selectSingleNode of QueryOf(path).
+    virtual bool selectPath(Path path, TicketNode& node);
+    // selectPath for a series of names in one go: nodes[i] is the match of the path whose step `numbered` has
+    // the three digits of i, from "000" on, behind its Name; null where there is none. False, and nothing
+    // done, where that is no cheaper than asking for each.
+    virtual bool selectSeries(Path path, std::size_t numbered, std::span<TicketNode> nodes);
+    // Puts XML behind all children of the root by way of the text: cut at the root's end tag, which is taken
+    // for that of `root` (as "psf:PrintTicket"), filled up and loaded anew. Nothing is escaped or mended:
+    // when the text is refused, the document stays as it was. Nodes taken before belong to the old document,
+    // also where `fragments` is empty. False, and nothing done, without an element of that name.
+    virtual bool appendToRoot(std::u16string_view root, const WideText& fragments);
 };
 
 // A document loaded from a file's bytes, in the encoding that they declare or that a byte order mark shows,

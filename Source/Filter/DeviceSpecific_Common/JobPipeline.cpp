@@ -49,7 +49,7 @@ void ConvertJob(PTConverter& converter) {
     ConvertPage(converter, converter.Ticket, JobPassFlags);
     SetPipelineText(converter.Pipeline, u"PJL", converter.PjlText);
     SetPipelineText(converter.Pipeline, u"DATA", converter.DataText);
-    RemoveTicketNode(converter.Ticket, PageDevmodeSnapshotQuery);
+    RemoveTicketNode(converter.Ticket, PathToParameter(u"ns0000:PageDevmodeSnapshot"));
 }
 
 }  // namespace DeviceSpecificModule

@@ -8,10 +8,11 @@
 #include <utility>
 #include <vector>
 
+#include "PathWalk.h"
 #include "Platform/CodePages.h"
 #include "Platform/ResultError.h"
 #include "Platform/TicketDocument.h"
-#include "XPathQueries.h"
+#include "XmlAppend.h"
 #include "XmlParser.h"
 #include "XmlTree.h"
 
@@ -42,6 +43,8 @@ std::string Utf8ForXml(std::u16string_view text) {
     return Utf8(units);
 }
 
+TicketNode NewNode(const std::shared_ptr<Tree>& tree, xmlNodePtr node);
+
 class Node final : public IXMLDOMNode {
 public:
     Node(std::shared_ptr<Tree> tree, xmlNodePtr node) : tree_(std::move(tree)), node_(node) {}
@@ -58,6 +61,7 @@ public:
         if (node_->type != XML_ELEMENT_NODE && node_->type != XML_ATTRIBUTE_NODE) return false;
         const std::string content = Utf8ForXml(text.View());
         tree_->MakeRoom(childNodesLength());
+        tree_->Bytes += content.size();
         const MemoryWatch watch;
         std::unique_ptr<xmlNode, decltype(&xmlFreeNode)> replacement(nullptr, xmlFreeNode);
         if (!content.empty()) replacement.reset(xmlNewDocText(node_->doc, XmlChars(content)));
@@ -69,7 +73,7 @@ public:
 
     TicketNode parentNode() const override {
         if (node_->type == XML_ATTRIBUTE_NODE || node_->parent == nullptr) return nullptr;
-        return std::make_shared<Node>(tree_, node_->parent);
+        return NewNode(tree_, node_->parent);
     }
 
     bool removeChild(const TicketNode& child) override {
@@ -92,7 +96,10 @@ private:
     xmlNodePtr node_;
 };
 
-using Namespaces = std::vector<std::pair<std::string, std::string>>;
+TicketNode NewNode(const std::shared_ptr<Tree>& tree, xmlNodePtr node) {
+    if (node == nullptr) return nullptr;
+    return WithOneMemoryError([&] { return std::make_shared<Node>(tree, node); });
+}
 
 // Takes declarations of the form xmlns:prefix='uri', separated by white space, apart. False for other texts.
 bool ParseNamespaces(std::string_view text, Namespaces& namespaces) {
@@ -119,6 +126,7 @@ QueryContext NewContext(const Tree& tree, const Namespaces& namespaces) {
     for (const auto& [prefix, uri] : namespaces)
         if (xmlXPathRegisterNs(context.get(), XmlChars(prefix), XmlChars(uri)) != 0)
             ThrowResult(ResultOutOfMemory);
+    xmlXPathOrderDocElems(tree.Document);  // so that putting matches in document order takes no walking
     watch.ThrowIfExhausted();
     return context;
 }
@@ -139,7 +147,7 @@ public:
         if (text == namespacesText_) return true;
         Namespaces namespaces;
         if (!ParseNamespaces(text, namespaces)) return false;
-        tree_->Context = NewContext(*tree_, namespaces);
+        tree_->Context.reset();
         namespaces_ = std::move(namespaces);
         namespacesText_ = std::move(text);
         return true;
@@ -147,11 +155,7 @@ public:
 
     bool selectSingleNode(std::u16string_view query, TicketNode& node) override {
         node = nullptr;
-        try {
-            return Select(Utf8(query), node);
-        } catch (const std::bad_alloc&) {
-            ThrowResult(ResultOutOfMemory);
-        }
+        return WithOneMemoryError([&] { return Select(Utf8(query), node); });
     }
 
     WideText xml() const override {
@@ -173,21 +177,44 @@ public:
     bool loadXML(const WideText& text, ParseError* error) override {
         std::shared_ptr<Tree> tree = Parse(Utf8(text.View()), Encoding::Utf8, error);
         if (!tree) return false;
-        tree->Context = NewContext(*tree, namespaces_);
         tree_ = std::move(tree);
         return true;
     }
 
+    bool selectPath(Path path, TicketNode& node) override {
+        const PathWalk walk(path, namespaces_);
+        if (!walk.IsPossible()) return IXMLDOMDocument2::selectPath(path, node);
+        node = NewNode(tree_, walk.Find(tree_->Document));
+        return true;
+    }
+
+    bool selectSeries(Path path, std::size_t numbered, std::span<TicketNode> nodes) override {
+        const PathWalk walk(path, namespaces_);
+        if (!walk.IsPossible()) return false;
+        WithOneMemoryError([&] {
+            std::vector<xmlNodePtr> found(nodes.size());
+            walk.FindSeries(tree_->Document, numbered, found);
+            std::ranges::transform(found, nodes.begin(),
+                                   [&](xmlNodePtr each) { return NewNode(tree_, each); });
+        });
+        return true;
+    }
+
+    bool appendToRoot(std::u16string_view root, const WideText& fragments) override {
+        const std::string* uri = NameOfNamespace(namespaces_, root.substr(0, root.find(u':')));
+        const bool isAlone = tree_.use_count() == 1;  // nobody holds a node, which would have to become stale
+        const auto append = [&] { return AppendInPlace(*tree_, Utf8(root), *uri, Utf8(fragments.View())); };
+        return (isAlone && uri != nullptr && WithOneMemoryError(append)) ||
+               IXMLDOMDocument2::appendToRoot(root, fragments);
+    }
+
 private:
-    bool Select(std::string query, TicketNode& node) {
+    bool Select(const std::string& query, TicketNode& node) {
         if (query.find('\0') != query.npos) return false;
+        if (!tree_->Context) tree_->Context = NewContext(*tree_, namespaces_);
         const MemoryWatch watch;
-        const LentQuery compiled(std::move(query));
-        xmlXPathObjectPtr found = nullptr;
-        if (compiled.Get() != nullptr) {
-            tree_->Context->node = reinterpret_cast<xmlNodePtr>(tree_->Document);
-            found = xmlXPathCompiledEval(compiled.Get(), tree_->Context.get());
-        }
+        tree_->Context->node = reinterpret_cast<xmlNodePtr>(tree_->Document);
+        const xmlXPathObjectPtr found = xmlXPathEvalExpression(XmlChars(query), tree_->Context.get());
         const std::unique_ptr<xmlXPathObject, decltype(&xmlXPathFreeObject)> owner(found, xmlXPathFreeObject);
         watch.ThrowIfExhausted();
         if (found == nullptr || found->type != XPATH_NODESET) return false;
@@ -195,7 +222,7 @@ private:
         xmlXPathNodeSetSort(found->nodesetval);
         xmlNodePtr first = found->nodesetval->nodeTab[0];
         if (first->type == XML_NAMESPACE_DECL) return false;  // a copy that dies with the query's result
-        node = std::make_shared<Node>(tree_, first);
+        node = NewNode(tree_, first);
         return true;
     }
 
@@ -205,10 +232,8 @@ private:
 };
 
 TicketDocument Load(std::string_view bytes, Encoding encoding, ParseError& error) {
-    std::shared_ptr<Tree> tree = Parse(bytes, encoding, &error);
-    if (!tree) return nullptr;
-    tree->Context = NewContext(*tree, {});
-    return std::make_shared<Document>(std::move(tree));
+    std::shared_ptr<Tree> tree = WithOneMemoryError([&] { return Parse(bytes, encoding, &error); });
+    return tree ? WithOneMemoryError([&] { return std::make_shared<Document>(std::move(tree)); }) : nullptr;
 }
 
 }  // namespace

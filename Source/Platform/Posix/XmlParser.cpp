@@ -3,7 +3,6 @@
 #include <libxml/SAX2.h>
 #include <libxml/parser.h>
 #include <libxml/parserInternals.h>
-#include <libxml/xpathInternals.h>
 
 #include <algorithm>
 #include <climits>
@@ -22,6 +21,7 @@ struct ParseRecord {
     ParseError Error;
     bool Failed = false;
     bool OutOfMemory = false;
+    bool OddNamespaces = false;
     const xmlNode* Text = nullptr;
     int TextLength = 0;  // in bytes of UTF-8
 
@@ -37,6 +37,9 @@ struct ParseRecord {
         std::ranges::replace(Error.Reason, '\n', ' ');
     }
 };
+
+// The serialiser writes the names of namespaces as they are, these too.
+constexpr std::string_view charactersWithMeaning = "<&\"\t\r\n";
 
 ParseRecord& RecordOf(void* parser) {
     return *static_cast<ParseRecord*>(static_cast<xmlParserCtxtPtr>(parser)->_private);
@@ -68,6 +71,9 @@ void OnElement(void* parser, const xmlChar* name, const xmlChar* prefix, const x
                const xmlChar** attributes) {
     if (static_cast<xmlParserCtxtPtr>(parser)->nodeNr >= mostElementsDeep)
         return Refuse(parser, "elements more than 256 deep");
+    for (int at = 1; at < 2 * namespaceCount; at += 2)  // prefix and name in turn
+        if (View(namespaces[at]).find_first_of(charactersWithMeaning) != std::string_view::npos)
+            RecordOf(parser).OddNamespaces = true;
     xmlSAX2StartElementNs(parser, name, prefix, uri, namespaceCount, namespaces, attributeCount, defaultCount,
                           attributes);
 }
@@ -86,9 +92,11 @@ void OnCharacters(void* context, const xmlChar* characters, int length) {
 
 using Parser = std::unique_ptr<xmlParserCtxt, decltype(&xmlFreeParserCtxt)>;
 
-Parser NewParser(ParseRecord& record) {
+Parser NewParser(ParseRecord& record, xmlDictPtr dictionary) {
     Parser parser(xmlNewParserCtxt(), xmlFreeParserCtxt);
     if (!parser) ThrowResult(ResultOutOfMemory);
+    if (dictionary != nullptr && xmlDictReference(dictionary) == 0)
+        xmlDictFree(std::exchange(parser->dict, dictionary));
     parser->_private = &record;
     parser->sax->serror = OnParseError;
     parser->sax->internalSubset = OnDocumentType;
@@ -98,7 +106,8 @@ Parser NewParser(ParseRecord& record) {
     return parser;
 }
 
-std::unique_ptr<Tree> ParseInto(ParseRecord& record, std::string_view bytes, Encoding encoding) {
+std::unique_ptr<Tree> ParseInto(ParseRecord& record, std::string_view bytes, Encoding encoding,
+                                xmlDictPtr dictionary) {
     if (bytes.size() > INT_MAX) {
         record.Note(0, 0, "a document of 2 GiB or more");
         return nullptr;
@@ -108,7 +117,7 @@ std::unique_ptr<Tree> ParseInto(ParseRecord& record, std::string_view bytes, Enc
         record.Note(1, 1, "a zero character");
         return nullptr;
     }
-    const Parser parser = NewParser(record);
+    const Parser parser = NewParser(record, dictionary);
     const int options = XML_PARSE_NONET | (encoding == Encoding::Utf8 ? XML_PARSE_IGNORE_ENC : 0);
     OwnedDocument document(xmlCtxtReadMemory(parser.get(), bytes.data() == nullptr ? "" : bytes.data(),
                                              static_cast<int>(bytes.size()), nullptr, nullptr, options),
@@ -117,26 +126,36 @@ std::unique_ptr<Tree> ParseInto(ParseRecord& record, std::string_view bytes, Enc
     // The parser takes a zero character behind the root element for the end.
     if (!record.Failed && parser->input->cur < parser->input->end) Refuse(parser.get(), "a zero character");
     if (record.Failed) return nullptr;
-    return std::make_unique<Tree>(std::move(document));
+    auto tree = std::make_unique<Tree>(std::move(document));
+    tree->Bytes = bytes.size();
+    tree->OddNamespaces = record.OddNamespaces;
+    return tree;
+}
+
+std::unique_ptr<Tree> ParseWatched(ParseRecord& record, std::string_view bytes, Encoding encoding,
+                                   xmlDictPtr dictionary) {
+    // Ahead of all else that touches the library, which several threads must not be the first to use.
+    static std::once_flag once;
+    std::call_once(once, xmlInitParser);
+    const MemoryWatch watch;
+    std::unique_ptr<Tree> tree = ParseInto(record, bytes, encoding, dictionary);
+    watch.ThrowIfExhausted();
+    if (record.OutOfMemory) ThrowResult(ResultOutOfMemory);
+    return tree;
 }
 
 }  // namespace
 
 std::shared_ptr<Tree> Parse(std::string_view bytes, Encoding encoding, ParseError* error) {
-    // Ahead of all else that touches the library, which several threads must not be the first to use.
-    static std::once_flag once;
-    std::call_once(once, xmlInitParser);
-    const MemoryWatch watch;
     ParseRecord record;
-    std::shared_ptr<Tree> tree = ParseInto(record, bytes, encoding);
-    watch.ThrowIfExhausted();
-    if (record.OutOfMemory) ThrowResult(ResultOutOfMemory);
-    if (!tree) {
-        if (error != nullptr) *error = std::move(record.Error);
-        return nullptr;
-    }
-    xmlXPathOrderDocElems(tree->Document);  // so that putting matches in document order takes no walking
+    std::shared_ptr<Tree> tree = ParseWatched(record, bytes, encoding, nullptr);
+    if (!tree && error != nullptr) *error = std::move(record.Error);
     return tree;
+}
+
+std::unique_ptr<Tree> ParseForMoving(std::string_view bytes, xmlDictPtr dictionary) {
+    ParseRecord record;
+    return ParseWatched(record, bytes, Encoding::Utf8, dictionary);
 }
 
 }  // namespace Platform

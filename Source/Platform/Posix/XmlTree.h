@@ -7,11 +7,27 @@
 
 #include <cstddef>
 #include <memory>
+#include <new>
+#include <string_view>
 #include <vector>
 
 #include "Platform/ResultError.h"
 
 namespace Platform {
+
+inline std::string_view View(const xmlChar* text) {
+    return text == nullptr ? std::string_view() : reinterpret_cast<const char*>(text);
+}
+
+// Gives what the function gives. Lack of memory is one error, whoever notices it.
+template <typename Function>
+auto WithOneMemoryError(Function function) {
+    try {
+        return function();
+    } catch (const std::bad_alloc&) {
+        ThrowResult(ResultOutOfMemory);
+    }
+}
 
 // Looks out for the library's running out of memory for as long as it lives, also where the library's own
 // results don't tell, and keeps the library from printing. Whatever handlers the thread had come back at the
@@ -52,16 +68,20 @@ private:
 using OwnedDocument = std::unique_ptr<xmlDoc, decltype(&xmlFreeDoc)>;
 using QueryContext = std::unique_ptr<xmlXPathContext, decltype(&xmlXPathFreeContext)>;
 
-// One parsed document with what hangs on it: its query context, and the nodes taken out of it, which stay
-// because somebody may still hold them.
+// One parsed document with what hangs on it: its query context, made when a query first needs it, and the
+// nodes taken out of it, which stay because somebody may still hold them.
 struct Tree {
     explicit Tree(OwnedDocument document) : Document(document.release()) {}
     Tree(const Tree&) = delete;
     Tree& operator=(const Tree&) = delete;
     ~Tree() {
         Context.reset();
-        for (xmlNodePtr node : Removed) xmlFreeNode(node);
+        FreeRemoved();
         xmlFreeDoc(Document);
+    }
+    void FreeRemoved() noexcept {
+        for (xmlNodePtr node : Removed) xmlFreeNode(node);
+        Removed.clear();
     }
     // Makes room for keeping so many nodes more.
     void MakeRoom(std::size_t count) {
@@ -69,6 +89,10 @@ struct Tree {
     }
     // Unlinks a node and keeps it, where there is room.
     void Keep(xmlNodePtr node) noexcept {
+        if (node->prev != nullptr && node->next != nullptr && node->prev->type == node->next->type) {
+            TextsMeet |= node->prev->type == XML_TEXT_NODE;
+            SectionsMeet |= node->prev->type == XML_CDATA_SECTION_NODE;
+        }
         xmlUnlinkNode(node);
         Removed.push_back(node);
     }
@@ -76,6 +100,12 @@ struct Tree {
     xmlDocPtr Document;
     QueryContext Context{nullptr, xmlXPathFreeContext};
     std::vector<xmlNodePtr> Removed;
+
+    // What tells whether the document's text would load as the same tree.
+    std::size_t Bytes = 0;       // that it was made of, later additions counted
+    bool OddNamespaces = false;  // a namespace's name holds characters that mean something in XML
+    bool TextsMeet = false;      // a removal may have left texts side by side, which load as one,
+    bool SectionsMeet = false;   // or CDATA sections
 };
 
 }  // namespace Platform

@@ -173,7 +173,7 @@ void ConvertPage(PTConverter& converter, const TicketDocument& ticket, PageFlags
     WritePageMarker(converter);
     if (flags.JobPass) PublishOrientation(run);
     if (converter.Tables != nullptr) WriteOptions(run);
-    RemoveTicketNode(ticket, u"//psf:PrintTicket/psf:Feature[@name='psk:PageOutputQuality']");
+    RemoveTicketNode(ticket, PathToFeature(u"psk:PageOutputQuality"));
 }
 
 }  // namespace DeviceSpecificModule

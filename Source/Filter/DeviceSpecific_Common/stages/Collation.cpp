@@ -9,7 +9,9 @@
 namespace DeviceSpecificModule {
 
 void ForceOneCopy(const TicketDocument& ticket) {
-    const TicketNode node = FindTicketNode(ticket, JobCopiesQuery);
+    const auto [root, parameter] = PathToParameter(u"psk:JobCopiesAllDocuments");
+    const PathStep path[] = {root, parameter, {.Element = u"psf:Value"}};
+    const TicketNode node = FindTicketNode(ticket, path);
     if (node) node->setText(WideText(u"1"));
 }
 

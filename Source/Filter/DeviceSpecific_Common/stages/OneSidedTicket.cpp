@@ -14,7 +14,7 @@ void ForceOneSidedTicket(PTConverter& converter, const PipelineBag& bag, const T
 
     SetPipelineText(bag, u"JobDuplexAllDocumentsContiguously",
                     GetFeatureOptionName(ticket, u"JobDuplexAllDocumentsContiguously"));
-    RemoveTicketNode(ticket, u"//psf:PrintTicket/psf:Feature[@name='psk:JobDuplexAllDocumentsContiguously']");
+    RemoveTicketNode(ticket, PathToFeature(u"psk:JobDuplexAllDocumentsContiguously"));
     InsertTicketFragments(ticket, WideText(u"<psf:Feature name=\"psk:JobDuplexAllDocumentsContiguously\">"
                                            u"<psf:Option name=\"psk:OneSided\"></psf:Option></psf:Feature>"));
 }

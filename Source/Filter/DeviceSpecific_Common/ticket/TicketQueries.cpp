@@ -1,49 +1,63 @@
 #include "ticket/TicketQueries.h"
 
 #include <exception>
+#include <stdexcept>
+#include <vector>
 
-#include "Platform/ResultError.h"
+#include "conversion/TextOperations.h"
 #include "ticket/TicketNamespaces.h"
 
 namespace DeviceSpecificModule {
 namespace {
 
-// A step to a child element whose name attribute has this local part under whatever prefix stands for the
-// namespace.
-WideText NamedStep(std::u16string_view element, std::u16string_view name, std::u16string_view uri) {
-    return WideText::Join({element, u"[substring-after(@name,':')='", name, u"'][name(namespace::*[.='", uri,
-                           u"'])=substring-before(@name,':')]"});
+constexpr PathStep rootStep = {.Element = u"psf:PrintTicket"};
+constexpr PathStep valueStep = {.Element = u"psf:Value"};
+
+constexpr PathStep FeatureStep(std::u16string_view name, std::u16string_view uri) {
+    return {.Element = u"psf:Feature", .Name = name, .Namespace = uri};
 }
 
-WideText FeatureStep(std::u16string_view feature) {
-    return NamedStep(u"psf:PrintTicket/psf:Feature", feature, KeywordsNamespace);
+constexpr auto FeatureOptionQuery(std::u16string_view feature) {
+    return std::array<PathStep, 4>{{rootStep,
+                                    FeatureStep(feature, KeywordsNamespace),
+                                    {.Element = u"psf:Option"},
+                                    {.Element = u"@name"}}};
 }
 
-WideText FeatureOptionQuery(std::u16string_view feature, std::optional<std::u16string_view> subFeature) {
-    const WideText inner =
-        subFeature ? NamedStep(u"/psf:Feature", *subFeature, DevmodeNamespace) : WideText();
-    return WideText::Join({FeatureStep(feature).View(), inner.View(), u"/psf:Option/@name"});
+constexpr auto FeatureOptionQuery(std::u16string_view feature, std::u16string_view subFeature) {
+    return std::array<PathStep, 5>{{rootStep,
+                                    FeatureStep(feature, KeywordsNamespace),
+                                    FeatureStep(subFeature, DevmodeNamespace),
+                                    {.Element = u"psf:Option"},
+                                    {.Element = u"@name"}}};
 }
 
-WideText ScoredPropertyQuery(std::u16string_view feature, std::u16string_view scoredProperty) {
-    return WideText::Join(
-        {FeatureStep(feature).View(),
-         NamedStep(u"/psf:Option//psf:ScoredProperty", scoredProperty, KeywordsNamespace).View(),
-         u"/psf:Value"});
+constexpr auto ScoredPropertyQuery(std::u16string_view feature, std::u16string_view scoredProperty) {
+    return std::array<PathStep, 5>{{rootStep,
+                                    FeatureStep(feature, KeywordsNamespace),
+                                    {.Element = u"psf:Option"},
+                                    {.Element = u"psf:ScoredProperty",
+                                     .AtAnyDepth = true,
+                                     .Name = scoredProperty,
+                                     .Namespace = KeywordsNamespace},
+                                    valueStep}};
 }
 
-WideText ParameterInitQuery(std::u16string_view name, bool useKeywordsNamespace) {
+constexpr std::size_t parameterStep = 1;
+
+constexpr auto ParameterInitQuery(std::u16string_view name, bool useKeywordsNamespace) {
     const std::u16string_view uri = useKeywordsNamespace ? KeywordsNamespace : DevmodeNamespace;
-    return WideText::Join(
-        {NamedStep(u"psf:PrintTicket/psf:ParameterInit", name, uri).View(), u"//psf:Value"});
+    return std::array<PathStep, 3>{{rootStep,
+                                    {.Element = u"psf:ParameterInit", .Name = name, .Namespace = uri},
+                                    {.Element = u"psf:Value", .AtAnyDepth = true}}};
 }
 
 // Errors of the query itself count as no match. Lack of memory doesn't: it must not look like a missing
 // feature.
-WideText TextOfFirst(const TicketDocument& ticket, const WideText& query) {
+WideText TextOfFirst(const TicketDocument& ticket, Path path) {
     TicketNode node;
     try {
-        ticket->selectSingleNode(query.View(), node);
+        ticket->selectPath(path, node);
     } catch (const Platform::ResultError&) {
         throw;
     } catch (const std::exception&) {
@@ -52,10 +66,20 @@ WideText TextOfFirst(const TicketDocument& ticket, const WideText& query) {
     return node ? node->text() : WideText();
 }
 
+// A name of a series.
+WideText NumberedName(std::u16string_view name, std::size_t number) {
+    const DecimalText digits(1000 + static_cast<std::int64_t>(number));
+    return WideText::Join({name, std::u16string_view(digits).substr(1)});
+}
+
 }  // namespace
 
+WideText GetFeatureOptionName(const TicketDocument& ticket, std::u16string_view feature) {
+    return TextOfFirst(ticket, FeatureOptionQuery(feature));
+}
+
 WideText GetFeatureOptionName(const TicketDocument& ticket, std::u16string_view feature,
-                              std::optional<std::u16string_view> subFeature) {
+                              std::u16string_view subFeature) {
     return TextOfFirst(ticket, FeatureOptionQuery(feature, subFeature));
 }
 
@@ -69,14 +93,30 @@ WideText GetParameterInitValue(const TicketDocument& ticket, std::u16string_view
     return TextOfFirst(ticket, ParameterInitQuery(name, useKeywordsNamespace));
 }
 
-TicketNode FindTicketNode(const TicketDocument& ticket, std::u16string_view query) {
+WideText JoinParameterInitValues(const TicketDocument& ticket, std::u16string_view name, std::int32_t count) {
+    constexpr std::int32_t mostNumbers = 1000;
+    if (count > mostNumbers) throw std::length_error("string too long");
+    WideText joined;
+    if (count < 1) return joined;
+    std::vector<TicketNode> nodes(static_cast<std::size_t>(count));
+    const bool found = ticket->selectSeries(ParameterInitQuery(name, false), parameterStep, nodes);
+    for (std::size_t number = 0; number < nodes.size(); ++number) {
+        WideText value;
+        if (!found) value = GetParameterInitValue(ticket, NumberedName(name, number).View(), false);
+        if (nodes[number]) value = nodes[number]->text();
+        AddPieces(joined, {value.View()});
+    }
+    return joined;
+}
+
+TicketNode FindTicketNode(const TicketDocument& ticket, Path path) {
     TicketNode node;
-    ticket->selectSingleNode(query, node);
+    ticket->selectPath(path, node);
     return node;
 }
 
-void RemoveTicketNode(const TicketDocument& ticket, std::u16string_view query) {
-    const TicketNode node = FindTicketNode(ticket, query);
+void RemoveTicketNode(const TicketDocument& ticket, Path path) {
+    const TicketNode node = FindTicketNode(ticket, path);
     const TicketNode parent = node ? node->parentNode() : nullptr;
     if (parent) parent->removeChild(node);
 }
