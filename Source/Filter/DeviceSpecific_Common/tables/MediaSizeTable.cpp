@@ -4,7 +4,6 @@
 
 #include "tables/MediaSizeRows.h"
 #include "tables/OptionTables.h"
-#include "tables/PostScriptTexts.h"
 #include "tables/RecordBuilding.h"
 
 namespace DeviceSpecificModule {
@@ -46,19 +45,14 @@ WideText SizeData(const MediaSizeRow& row) {
 }
 
 OptionRecord SizeRecord(const MediaSizeRow& row) {
-    return {
-        .Id = 0,
-        .Keyword = WideText(row.Keyword),
-        .PairedKeyword = WideText(row.PairedKeyword),
-        .TicketFragment = SizeFragment(row),
-        .JobCommand = WideText(u""),
-        .FourInOneJobCommand = WideText(u""),
-        .NamespacePrefix = WideText(row.Prefix),
-        .PostScriptCommand = SizePostScript(row),
-        .DataCommand = SizeData(row),
-        .ExtraText = WideText(u""),
-        .DeviceName = WideText(u"0"),
-    };
+    OptionRecord record = FilledRecord(row.Keyword, u"");
+    record.PairedKeyword = WideText(row.PairedKeyword);
+    record.TicketFragment = SizeFragment(row);
+    record.NamespacePrefix = WideText(row.Prefix);
+    record.PostScriptCommand = SizePostScript(row);
+    record.DataCommand = SizeData(row);
+    record.DeviceName = WideText(u"0");
+    return record;
 }
 
 WideText CustomPostScript() {
@@ -72,19 +66,15 @@ WideText CustomPostScript() {
 }
 
 OptionRecord CustomSizeRecord(const CustomSizeRow& row) {
-    return {
-        .Id = 0,
-        .Keyword = WideText(row.Keyword),
-        .PairedKeyword = WideText(row.PairedKeyword),
-        .TicketFragment = WideText(customFragment),
-        .JobCommand = WideText(u""),
-        .FourInOneJobCommand = WideText(u""),
-        .NamespacePrefix = WideText(row.Prefix),
-        .PostScriptCommand = CustomPostScript(),
-        .DataCommand = WideText(row.DataCommand),
-        .ExtraText = WideText(row.ExtraText),
-        .DeviceName = WideText(u"0"),
-    };
+    OptionRecord record = FilledRecord(row.Keyword, u"");
+    record.PairedKeyword = WideText(row.PairedKeyword);
+    record.TicketFragment = WideText(customFragment);
+    record.NamespacePrefix = WideText(row.Prefix);
+    record.PostScriptCommand = CustomPostScript();
+    record.DataCommand = WideText(row.DataCommand);
+    record.ExtraText = WideText(row.ExtraText);
+    record.DeviceName = WideText(u"0");
+    return record;
 }
 
 using Records = std::array<OptionRecord, MediaSizeCount>;

@@ -4,14 +4,14 @@
 #include "conversion/TextOperations.h"
 #include "tables/MediaTypeRows.h"
 #include "tables/OptionTables.h"
-#include "tables/PostScriptTexts.h"
 #include "tables/RecordBuilding.h"
 
 namespace DeviceSpecificModule {
 namespace {
 
 constexpr std::array<std::u16string_view, 7> propertyNames = {
-    u"BackCoating", u"FrontCoating", u"Material", u"PrePrinted", u"PrePunched", u"Recycled", u"Weight",
+    u"psk:BackCoating", u"psk:FrontCoating", u"psk:Material", u"psk:PrePrinted",
+    u"psk:PrePunched",  u"psk:Recycled",     u"psk:Weight",
 };
 using PropertyValues = std::array<std::u16string_view, propertyNames.size()>;
 
@@ -32,7 +32,7 @@ WideText MediumFragment(const MediaTypeRow& row, bool preprinted) {
                          preprinted ? u"xr" : medium.OptionPrefix, u":", medium.Option,
                          preprinted ? u"Preprinted" : u"", u"\">"});
     for (std::size_t property = 0; property < values.size(); ++property)
-        AddPieces(fragment, {u"<psf:ScoredProperty name=\"psk:", propertyNames[property],
+        AddPieces(fragment, {u"<psf:ScoredProperty name=\"", propertyNames[property],
                              u"\"><psf:Value xsi:type=\"xsd:string\">", values[property],
                              u"</psf:Value></psf:ScoredProperty>"});
     return WideText::Join({fragment.View(), u"</psf:Option></psf:Feature>"});
@@ -65,20 +65,13 @@ WideText TypeData(const MediaTypeRow& row, bool preprinted) {
 }
 
 OptionRecord TypeRecord(const MediaTypeRow& row, bool preprinted) {
-    const WideText zero(u"0");
-    return {
-        .Id = 0,
-        .Keyword = WideText(preprinted ? row.PreprintedKeyword : row.Keyword),
-        .PairedKeyword = zero,
-        .TicketFragment = TypeFragment(row, preprinted),
-        .JobCommand = WideText(u""),
-        .FourInOneJobCommand = zero,
-        .NamespacePrefix = zero,
-        .PostScriptCommand = TypePostScript(row, preprinted),
-        .DataCommand = TypeData(row, preprinted),
-        .ExtraText = WideText(u""),
-        .DeviceName = WideText(row.DeviceName),
-    };
+    OptionRecord record = FilledRecord(preprinted ? row.PreprintedKeyword : row.Keyword, u"0");
+    record.TicketFragment = TypeFragment(row, preprinted);
+    record.JobCommand = record.ExtraText = WideText(u"");
+    record.PostScriptCommand = TypePostScript(row, preprinted);
+    record.DataCommand = TypeData(row, preprinted);
+    record.DeviceName = WideText(row.DeviceName);
+    return record;
 }
 
 constexpr std::size_t CountMediaTypes() {

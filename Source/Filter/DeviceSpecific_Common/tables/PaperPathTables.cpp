@@ -1,10 +1,7 @@
 #include <array>
 
-#include "tables/InputBinRows.h"
 #include "tables/OptionTables.h"
-#include "tables/OrientationRows.h"
-#include "tables/OutputBinRows.h"
-#include "tables/PageModeRows.h"
+#include "tables/PaperPathRows.h"
 #include "tables/RecordBuilding.h"
 
 // The small tables: where sheets come from, which sides are printed and which way up, where sheets go.
@@ -23,70 +20,36 @@ WideText InputBinData(const InputBinRow& row) {
 }
 
 OptionRecord InputBinRecord(const InputBinRow& row) {
-    return {
-        .Id = 0,
-        .Keyword = WideText(row.Keyword),
-        .PairedKeyword = WideText(u"0"),
-        .TicketFragment = BinFragment(u"PageInputBin", row.Option),
-        .JobCommand = WideText(u""),
-        .FourInOneJobCommand = WideText(row.Unused),
-        .NamespacePrefix = WideText(row.Unused),
-        .PostScriptCommand = WideText(row.PostScriptCommand),
-        .DataCommand = InputBinData(row),
-        .ExtraText = WideText(u""),
-        .DeviceName = WideText(row.DeviceName),
-    };
+    OptionRecord record = FilledRecord(row.Keyword, u"");
+    record.PairedKeyword = WideText(u"0");
+    record.TicketFragment = BinFragment(u"PageInputBin", row.Option);
+    record.FourInOneJobCommand = record.NamespacePrefix = WideText(row.Unused);
+    record.PostScriptCommand = WideText(row.PostScriptCommand);
+    record.DataCommand = InputBinData(row);
+    record.DeviceName = WideText(row.DeviceName);
+    return record;
 }
 
 OptionRecord PageModeRecord(const PageModeRow& row) {
-    const WideText zero(u"0");
-    return {
-        .Id = 0,
-        .Keyword = WideText(row.Keyword),
-        .PairedKeyword = zero,
-        .TicketFragment = WideText(u""),
-        .JobCommand = WideText(u""),
-        .FourInOneJobCommand = zero,
-        .NamespacePrefix = zero,
-        .PostScriptCommand = zero,
-        .DataCommand = WideText(row.DataCommand),
-        .ExtraText = zero,
-        .DeviceName = zero,
-    };
+    OptionRecord record = FilledRecord(row.Keyword, u"0");
+    record.TicketFragment = record.JobCommand = WideText(u"");
+    record.DataCommand = WideText(row.DataCommand);
+    return record;
 }
 
 OptionRecord OrientationRecord(const OrientationRow& row) {
-    const WideText empty(u"");
-    return {
-        .Id = row.Id,
-        .Keyword = WideText(row.Keyword),
-        .PairedKeyword = WideText(row.Fragment),
-        .TicketFragment = empty,
-        .JobCommand = empty,
-        .FourInOneJobCommand = empty,
-        .NamespacePrefix = empty,
-        .PostScriptCommand = empty,
-        .DataCommand = empty,
-        .ExtraText = empty,
-        .DeviceName = empty,
-    };
+    OptionRecord record = FilledRecord(row.Keyword, u"");
+    record.Id = row.Id;
+    record.PairedKeyword = WideText(row.Fragment);
+    return record;
 }
 
 OptionRecord OutputBinRecord(const OutputBinRow& row) {
-    const WideText zero(u"0");
-    return {
-        .Id = row.Id,
-        .Keyword = WideText(row.Keyword),
-        .PairedKeyword = zero,
-        .TicketFragment = BinFragment(u"PageOutputBin", row.Option),
-        .JobCommand = WideText(row.JobCommand),
-        .FourInOneJobCommand = zero,
-        .NamespacePrefix = zero,
-        .PostScriptCommand = zero,
-        .DataCommand = zero,
-        .ExtraText = zero,
-        .DeviceName = zero,
-    };
+    OptionRecord record = FilledRecord(row.Keyword, u"0");
+    record.Id = row.Id;
+    record.TicketFragment = BinFragment(u"PageOutputBin", row.Option);
+    record.JobCommand = WideText(row.JobCommand);
+    return record;
 }
 
 }  // namespace

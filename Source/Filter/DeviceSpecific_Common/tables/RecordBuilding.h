@@ -2,12 +2,22 @@
 
 #include <array>
 #include <cstddef>
+#include <string_view>
 
 #include "conversion/OptionRecord.h"
 
 // What the builders of option tables share.
 
 namespace DeviceSpecificModule {
+
+// Hands the dictionary ahead of it to the device's own options, or drops it where the device has none.
+inline constexpr std::u16string_view SetDeviceOptions =
+    u"/XROptions /ProcSet resourcestatus {pop pop /XROptions /ProcSet findresource /setXRoptions get "
+    u"exec}{pop} ifelse\r\n";
+
+// A record of Id 0 with this keyword, all of whose other texts are the filler. Throws ResultError without
+// memory.
+OptionRecord FilledRecord(std::u16string_view keyword, std::u16string_view filler);
 
 // A record for each row, and the one that ends the table. Count has it counted in.
 template <std::size_t Count, typename Row, std::size_t RowCount>
