@@ -8,13 +8,6 @@
 
 namespace DeviceSpecificModule {
 
-void ForceOneCopy(const TicketDocument& ticket) {
-    const auto [root, parameter] = PathToParameter(u"psk:JobCopiesAllDocuments");
-    const PathStep path[] = {root, parameter, {.Element = u"psf:Value"}};
-    const TicketNode node = FindTicketNode(ticket, path);
-    if (node) node->setText(WideText(u"1"));
-}
-
 void WriteCollation(PTConverter& converter, const PipelineBag& bag, const TicketDocument& ticket) {
     const WideText option = GetFeatureOptionName(ticket, u"DocumentCollate");
     if (option.IsEmpty() || FindKeyword(DocumentCollateCommandTable, option.View()) == nullptr) return;
@@ -22,7 +15,7 @@ void WriteCollation(PTConverter& converter, const PipelineBag& bag, const Ticket
     WideText copies = GetParameterInitValue(ticket, u"JobCopiesAllDocuments", true);
     if (copies.IsNull()) copies = WideText(u"");
     if (option == u"psk:Collated") {
-        // Whoever collates runs through the job that often; the device then prints each run once.
+        // Collated copies go out one whole job after another, so the device prints each page once.
         SetPipelineText(bag, u"CopyCount", copies);
         copies = WideText(u"1");
     }

@@ -13,31 +13,32 @@ namespace DeviceSpecificModule {
 namespace {
 
 // A setting's value and the device's word for it.
-struct WordRow {
+struct SettingWord {
     std::u16string_view Value;
     std::u16string_view Word;
 };
 
-constexpr WordRow dateWords[] = {
+constexpr SettingWord dateWords[] = {
     {u"Date1", u"Date1"}, {u"Date4", u"Date4"}, {u"Date2", u"Date2"},
     {u"Date5", u"Date5"}, {u"Date3", u"Date3"},
 };
-constexpr WordRow timeWords[] = {{u"Time1", u"Time1"}, {u"Time2", u"Time2"}};
-constexpr WordRow sizeWords[] = {{u"Small", u"SMALL"}, {u"Normal", u"NORMAL"}, {u"Large", u"LARGE"}};
-constexpr WordRow effectWords[] = {{u"Effect1", u"EFFECT1"}, {u"Effect2", u"EFFECT2"}};
-constexpr WordRow placementWords[] = {{u"Composition1", u"COMPOSITION1"}, {u"Composition2", u"COMPOSITION2"}};
-constexpr WordRow colorWords[] = {{u"Magenta", u"MAGENTA"}, {u"Cyan", u"CYAN"}, {u"Black", u"BLACK"}};
-constexpr WordRow densityWords[] = {{u"-1", u"DENSITYL1"}, {u"0", u"DENSITYN"}, {u"1", u"DENSITYD1"}};
-constexpr WordRow contrastWords[] = {
+constexpr SettingWord timeWords[] = {{u"Time1", u"Time1"}, {u"Time2", u"Time2"}};
+constexpr SettingWord sizeWords[] = {{u"Small", u"SMALL"}, {u"Normal", u"NORMAL"}, {u"Large", u"LARGE"}};
+constexpr SettingWord effectWords[] = {{u"Effect1", u"EFFECT1"}, {u"Effect2", u"EFFECT2"}};
+constexpr SettingWord placementWords[] = {{u"Composition1", u"COMPOSITION1"},
+                                          {u"Composition2", u"COMPOSITION2"}};
+constexpr SettingWord colorWords[] = {{u"Magenta", u"MAGENTA"}, {u"Cyan", u"CYAN"}, {u"Black", u"BLACK"}};
+constexpr SettingWord densityWords[] = {{u"-1", u"DENSITYL1"}, {u"0", u"DENSITYN"}, {u"1", u"DENSITYD1"}};
+constexpr SettingWord contrastWords[] = {
     {u"-2", u"CONTRASTM2"}, {u"-1", u"CONTRASTM1"}, {u"0", u"CONTRASTN"},
     {u"1", u"CONTRASTP1"},  {u"2", u"CONTRASTP2"},
 };
-constexpr WordRow angleWords[] = {{u"P45", u"45"}, {u"None", u"0"}, {u"M45", u"315"}};
+constexpr SettingWord angleWords[] = {{u"P45", u"45"}, {u"None", u"0"}, {u"M45", u"315"}};
 
 struct DateTimeRow {
     std::u16string_view SwitchKey;
     std::u16string_view FormKey;
-    std::span<const WordRow> Words;
+    std::span<const SettingWord> Words;
     std::u16string_view Field;
 };
 
@@ -49,7 +50,7 @@ constexpr DateTimeRow dateTimeRows[] = {
 
 struct StyleRow {
     std::u16string_view Key;
-    std::span<const WordRow> Words;
+    std::span<const SettingWord> Words;
 };
 
 // In the order of the style format's placeholders.
@@ -107,8 +108,8 @@ bool IsOn(const SharedJson& settings, std::u16string_view key) {
     return LookupCustomProperty(settings, key) == u"On";
 }
 
-void FillWord(WideText& command, std::span<const WordRow> words, const WideText& value) {
-    for (const WordRow& row : words)
+void FillWord(WideText& command, std::span<const SettingWord> words, const WideText& value) {
+    for (const SettingWord& row : words)
         if (value == row.Value) return FillFirstPlaceholder(command, row.Word);
 }
 
