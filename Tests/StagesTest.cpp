@@ -3,7 +3,7 @@
 #include <stdlib.h>
 
 #include <fstream>
-#include <set>
+#include <map>
 
 #include "Support.h"
 #include "stages/CarbonCopy.h"
@@ -13,18 +13,25 @@
 #include "stages/HoldAndJobName.h"
 #include "stages/JobLogAndTime.h"
 #include "stages/PageNumbering.h"
+#include "tables/CarbonCopyAndPerPageKeywords.h"
+#include "tables/CopySecurityKeywords.h"
+#include "tables/FinishingKeywords.h"
+#include "tables/JobKeywords.h"
+#include "tables/OutputKeywords.h"
+#include "tables/OverlayKeywords.h"
+#include "tables/QualityKeywords.h"
+#include "tables/StampKeywords.h"
 
 namespace DeviceSpecificModule {
 namespace {
 
 std::string Braced(const std::string& features) { return "{\"features\":{" + features + "}}"; }
 
-constexpr KeywordCommand words[] = {{u"a", u"<a>"}, {u"b", u""}, {u"b", u"<never>"}, {u"c", u"<c>"}, {}};
-constexpr KeywordCommand twoPlaces[] = {{u"CMD", u"[%s|%s]"}, {}};
-constexpr KeywordCommand noPlace[] = {{u"CMD", u"[]"}, {}};
-constexpr std::u16string_view oneName[] = {u"V", {}};
-constexpr std::u16string_view threeNames[] = {u"V", u"W", u"V", {}};
-constexpr std::u16string_view noNames[] = {{}};
+constexpr KeywordCommand words[] = {{u"a", u"<a>"}, {u"b", u""}, {u"b", u"<never>"}, {u"c", u"<c>"}};
+constexpr KeywordCommand twoPlaces[] = {{u"CMD", u"[%s|%s]"}};
+constexpr KeywordCommand noPlace[] = {{u"CMD", u"[]"}};
+constexpr std::u16string_view oneName[] = {u"V"};
+constexpr std::u16string_view threeNames[] = {u"V", u"W", u"V"};
 
 TEST(FeatureEngine, SendsSettings) {
     const struct {
@@ -33,17 +40,17 @@ TEST(FeatureEngine, SendsSettings) {
         ParameterList Parameters;
         const char* Expected;
     } cases[] = {
-        {R"("F":"a")", words, nullptr, "<a>"},
-        {R"("F":"b")", words, nullptr, ""},
-        {R"("F":"A")", words, nullptr, ""},
-        {R"("F":"")", words, nullptr, ""},
+        {R"("F":"a")", words, {}, "<a>"},
+        {R"("F":"b")", words, {}, ""},
+        {R"("F":"A")", words, {}, ""},
+        {R"("F":"")", words, {}, ""},
         {R"("V":"1")", twoPlaces, oneName, "[1|%s]"},
         {R"("V":"1","W":"2")", twoPlaces, threeNames, "[1|2]"},
         {R"("V":"%s","W":"2")", twoPlaces, threeNames, "[2|%s]"},
         {R"("V":"1")", twoPlaces, threeNames, ""},  // not even the first fill
         {"", noPlace, oneName, ""},
-        {"", twoPlaces, nullptr, "[%s|%s]"},
-        {"", twoPlaces, noNames, "[%s|%s]"},
+        {"", twoPlaces, {}, "[%s|%s]"},
+        {R"("F":"CMD")", {}, oneName, ""},
     };
     for (const auto& row : cases) {
         for (std::uint32_t target = 0; target < 4; ++target) {
@@ -59,7 +66,7 @@ TEST(FeatureEngine, SendsSettings) {
 }
 
 TEST(FeatureEngine, TurnsTheOrientationForTwoAndSixPagesOnASheet) {
-    constexpr KeywordCommand orientations[] = {{u"psk:Landscape", u"L"}, {u"psk:Portrait", u"P"}, {}};
+    constexpr KeywordCommand orientations[] = {{u"psk:Landscape", u"L"}, {u"psk:Portrait", u"P"}};
     const struct {
         const char *Orientation, *PagesPerSheet, *Expected;
     } cases[] = {{"psk:Portrait", "ns0000:_2", "L"},
@@ -81,16 +88,16 @@ TEST(FeatureEngine, TurnsTheOrientationForTwoAndSixPagesOnASheet) {
 
 TEST(FeatureEngine, KnowsBothGateRules) {
     constexpr FeatureRow list[] = {
-        {.Feature = u"F", .Table = words},
-        {.Feature = u"", .Table = twoPlaces, .Parameters = threeNames, .Gate = u"G"},
-        {.Feature = u"E", .Table = words, .Gate = u"H"},
-        {},
+        {u"F", words},
+        {u"", twoPlaces, u"G", u"V"},
+        {u"E", words, u"H"},
+        {u"E", noPlace, u""},
     };
-    const std::string values = R"("F":"a","V":"v","W":"w","E":"c","H":"yes","G":)";
+    const std::string values = R"("F":"a","V":"v","E":"c","H":"yes","G":)";
     const struct {
         const char *Gate, *PassOver, *End;
-    } cases[] = {{"\"On\"", "<a>[v|w]<c>", "<a>[v|w]<c>"},
-                 {"\"off\"", "<a>[v|w]<c>", "<a>[v|w]<c>"},
+    } cases[] = {{"\"On\"", "<a>[v|%s]<c>", "<a>[v|%s]<c>"},
+                 {"\"off\"", "<a>[v|%s]<c>", "<a>[v|%s]<c>"},
                  {"\"Off\"", "<a><c>", "<a>"},
                  {"\"Host\"", "<a><c>", "<a>"},
                  {"null", "<a><c>", "<a>"}};
@@ -105,30 +112,35 @@ TEST(FeatureEngine, KnowsBothGateRules) {
     }
 }
 
-std::string Name(std::u16string_view text) { return text.data() == nullptr ? "-" : Narrow(WideText(text)); }
+#define T(feature) {#feature, feature##CommandTable},
+const std::map<std::string, KeywordCommandTable> tables = {
+#include "Data/tables/keyword-tables.inc"
+};
 
-// A list against the lines of its section in the data file: feature, parameter, gate. Tables with the same
-// keywords can't be told apart by what they hold, so that a row has its own table is seen by their addresses
-// all differing.
+std::string Written(const std::optional<std::u16string_view>& text) {
+    return text ? Narrow(WideText(*text)) : "-";
+}
+
+// A list against the lines of its section in the data file: feature, parameter, gate. A row's table bears the
+// name of its feature, or of its parameter where it has none; many hold the same keywords, so that addresses
+// are compared.
 void ExpectList(const std::string& section, FeatureList list) {
     std::ifstream file(TEST_DATA_DIR "/stages/lists.tsv");
-    std::set<KeywordCommandTable> tables;
     std::string line, current;
     std::size_t rows = 0;
     while (std::getline(file, line)) {
         if (line.starts_with('[')) current = line;
         if (line.empty() || line[0] == '#' || line[0] == '[' || current != "[" + section + "]") continue;
+        ASSERT_LT(rows, list.size()) << section << ": no row for " << line;
         const FeatureRow& row = list[rows++];
-        ASSERT_NE(row.Feature.data(), nullptr) << section << ": no row for " << line;
-        const std::string parameter = row.Parameters == nullptr ? "-" : Name(row.Parameters[0]);
-        EXPECT_EQ(Name(row.Feature) + "\t" + parameter + "\t" + Name(row.Gate), line) << section;
-        EXPECT_EQ(row.Parameters != nullptr, IsFormatTable(row.Table)) << line;
+        const std::string feature = Written(row.Feature), parameter = Written(row.Parameter);
+        EXPECT_EQ(feature + "\t" + parameter + "\t" + Written(row.Gate), line) << section;
+        EXPECT_EQ(row.Parameter.has_value(), IsFormatTable(row.Table)) << line;
+        EXPECT_EQ(tables.at(feature.empty() ? parameter : feature).data(), row.Table.data()) << line;
         EXPECT_EQ(row.Target, CommandTarget::Pjl);
-        tables.insert(row.Table);
     }
     EXPECT_GT(rows, 0u) << section;
-    EXPECT_EQ(list[rows].Feature.data(), nullptr) << section;
-    EXPECT_EQ(tables.size(), rows) << section;
+    EXPECT_EQ(list.size(), rows) << section;
 }
 
 TEST(FeatureLists, HaveTheirRows) {
@@ -164,14 +176,14 @@ TEST(Stages, WriteDatesInLocalTime) {
 }
 
 // Tables and templates with text, since most of the built-in ones have none.
-constexpr KeywordCommand copyTypes[] = {{u"Tray", u"T "}, {u"Page", u"P "}, {}};
-constexpr KeywordCommand onOff[] = {{u"Off", u"off "}, {u"On", u"on "}, {u"On", u"again "}, {}};
-constexpr KeywordCommand noHeader[] = {{u"Off", u"no-header "}, {}};
-constexpr KeywordCommand noFooter[] = {{u"Off", u"no-footer "}, {u"", u"empty-footer "}, {}};
-constexpr KeywordCommand headerTypes[] = {{u"Fixed", u"h-fixed "}, {}};
-constexpr KeywordCommand footerTypes[] = {{u"Fixed", u"f-fixed "}, {}};
-constexpr KeywordCommand pages[] = {{u"AllPages", u"all "}, {}};
-constexpr KeywordCommand colors[] = {{u"Red", u"red "}, {}};
+constexpr KeywordCommand copyTypes[] = {{u"Tray", u"T "}, {u"Page", u"P "}};
+constexpr KeywordCommand onOff[] = {{u"Off", u"off "}, {u"On", u"on "}, {u"On", u"again "}};
+constexpr KeywordCommand noHeader[] = {{u"Off", u"no-header "}};
+constexpr KeywordCommand noFooter[] = {{u"Off", u"no-footer "}, {u"", u"empty-footer "}};
+constexpr KeywordCommand headerTypes[] = {{u"Fixed", u"h-fixed "}};
+constexpr KeywordCommand footerTypes[] = {{u"Fixed", u"f-fixed "}};
+constexpr KeywordCommand pages[] = {{u"AllPages", u"all "}};
+constexpr KeywordCommand colors[] = {{u"Red", u"red "}};
 constexpr HeaderFooterTables headerFooter = {
     .HeaderFooter = onOff,
     .Format = u"format(%s) ",

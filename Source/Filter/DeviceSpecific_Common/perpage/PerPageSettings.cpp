@@ -4,7 +4,7 @@
 #include "conversion/TextOperations.h"
 #include "perpage/PerPageOrder.h"
 #include "perpage/PerPageWriters.h"
-#include "tables/PerPageKeywords.h"
+#include "tables/CarbonCopyAndPerPageKeywords.h"
 #include "ticket/TicketQueries.h"
 
 namespace DeviceSpecificModule {

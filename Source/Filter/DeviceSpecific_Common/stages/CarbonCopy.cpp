@@ -6,7 +6,7 @@
 #include "conversion/TextOperations.h"
 #include "stages/FeatureEngine.h"
 #include "stages/Stages.h"
-#include "tables/CarbonCopyKeywords.h"
+#include "tables/CarbonCopyAndPerPageKeywords.h"
 
 namespace DeviceSpecificModule {
 namespace {

@@ -1,5 +1,7 @@
 #include "stages/FeatureEngine.h"
 
+#include <algorithm>
+
 #include "conversion/JsonState.h"
 #include "conversion/TextOperations.h"
 #include "ticket/TicketQueries.h"
@@ -28,8 +30,8 @@ void SendKeyword(PTConverter& converter, KeywordCommandTable table, std::u16stri
 void SendFormat(PTConverter& converter, std::u16string_view format, ParameterList parameters,
                 CommandTarget target) {
     WideText command(format);
-    for (ParameterList name = parameters; name != nullptr && name->data() != nullptr; ++name) {
-        const WideText value = LookupCustomProperty(converter.CustomProperties, *name);
+    for (const std::u16string_view name : parameters) {
+        const WideText value = LookupCustomProperty(converter.CustomProperties, name);
         if (value.IsEmpty()) return;
         FillFirstPlaceholder(command, value.View());
     }
@@ -41,18 +43,21 @@ std::u16string_view TurnOver(std::u16string_view orientation) {
     return orientation == u"psk:Landscape" ? u"psk:Portrait" : u"psk:Landscape";
 }
 
-bool IsGateOpen(const PTConverter& converter, std::u16string_view gate) {
-    if (gate.data() == nullptr) return true;
-    const WideText value = LookupCustomProperty(converter.CustomProperties, gate);
+bool IsGateOpen(const PTConverter& converter, const std::optional<std::u16string_view>& gate) {
+    if (!gate) return true;
+    const WideText value = LookupCustomProperty(converter.CustomProperties, *gate);
     return !value.IsEmpty() && value != u"Off" && value != u"Host";
+}
+
+ParameterList ParametersOf(const FeatureRow& row) {
+    return row.Parameter ? ParameterList(&*row.Parameter, 1) : ParameterList();
 }
 
 }  // namespace
 
 const KeywordCommand* FindKeyword(KeywordCommandTable table, std::u16string_view keyword) {
-    for (const KeywordCommand* row = table; !IsTerminator(*row); ++row)
-        if (row->Keyword == keyword) return row;
-    return nullptr;
+    const auto row = std::ranges::find(table, keyword, &KeywordCommand::Keyword);
+    return row == table.end() ? nullptr : &*row;
 }
 
 void ApplySettingCommand(PTConverter& converter, std::u16string_view feature, KeywordCommandTable table,
@@ -75,9 +80,9 @@ void ApplyTicketCommand(PTConverter& converter, const TicketDocument& ticket, st
 }
 
 void RunFeatureList(PTConverter& converter, FeatureList list, GateRule rule) {
-    for (const FeatureRow* row = list; row->Feature.data() != nullptr; ++row) {
-        if (IsGateOpen(converter, row->Gate))
-            ApplySettingCommand(converter, row->Feature, row->Table, row->Parameters, row->Target);
+    for (const FeatureRow& row : list) {
+        if (IsGateOpen(converter, row.Gate))
+            ApplySettingCommand(converter, row.Feature, row.Table, ParametersOf(row), row.Target);
         else if (rule == GateRule::EndList)
             return;
     }

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
+#include <span>
 #include <string_view>
 
 #include "conversion/PTConverter.h"
@@ -18,21 +20,21 @@ enum class CommandTarget : std::uint32_t {
 
 // One line of a stage's list.
 struct FeatureRow {
+    std::u16string_view Feature;  // may be empty
+    KeywordCommandTable Table;
+    std::optional<std::u16string_view> Gate = {};       // a setting that must be on for the row to count
+    std::optional<std::u16string_view> Parameter = {};  // the setting that fills a format table
     CommandTarget Target = CommandTarget::Pjl;
-    std::u16string_view Feature = {};  // may be empty; without data (nullptr) it ends the list
-    KeywordCommandTable Table = nullptr;
-    ParameterList Parameters = nullptr;  // what fills a format table; may be null
-    std::u16string_view Gate = {};       // a setting that must be on for the row to count; without data: none
 };
 
-using FeatureList = const FeatureRow*;
+using FeatureList = std::span<const FeatureRow>;
 
 // What a row whose gate is "Off", "Host" or empty does to the list.
 enum class GateRule { PassOverRow, EndList };
 
 // Appends the command for a user setting. Of an option table, the command of the first row that equals the
-// setting's value. Of a format table, the format with the named settings filled in, in order; when one of
-// them is empty, nothing at all. The ticket is not read.
+// setting's value. Of a format table, the format with the named settings filled in, in order, and as it is
+// without any; when one of them is empty, nothing at all. The ticket is not read.
 void ApplySettingCommand(PTConverter& converter, std::u16string_view feature, KeywordCommandTable table,
                          ParameterList parameters, CommandTarget target);
 

@@ -3,7 +3,7 @@
 #include "conversion/JsonState.h"
 #include "conversion/TextOperations.h"
 #include "stages/Stages.h"
-#include "tables/HeaderFooterKeywords.h"
+#include "tables/StampKeywords.h"
 
 namespace DeviceSpecificModule {
 namespace {
@@ -29,8 +29,8 @@ constexpr HeaderFooterTables builtInTables = {
 
 // Unlike the feature engine this goes on behind a match.
 void AppendEqualRows(KeywordCommandTable table, const WideText& value, WideText& pjl) {
-    for (const KeywordCommand* row = table; !IsTerminator(*row); ++row)
-        if (value == row->Keyword) AppendWideChars(pjl, row->Command);
+    for (const KeywordCommand& row : table)
+        if (value == row.Keyword) AppendWideChars(pjl, row.Command);
 }
 
 void AppendKeyword(const SharedJson& settings, std::u16string_view key, KeywordCommandTable table,

@@ -21,7 +21,7 @@ void WriteUserAndResolution(PTConverter& converter, const PipelineBag& bag, cons
         ApplyTicketCommand(converter, ticket, u"PageResolution", PageResolutionCommandTable,
                            CommandTarget::Pjl);
     else
-        ApplySettingCommand(converter, u"ROpt", ROptCommandTable, nullptr, CommandTarget::Pjl);
+        ApplySettingCommand(converter, u"ROpt", ROptCommandTable, {}, CommandTarget::Pjl);
 }
 
 }  // namespace DeviceSpecificModule

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <string_view>
-
 #include "tables/KeywordCommand.h"
 #include "tables/TableChecks.h"
 
@@ -9,37 +7,27 @@
 
 namespace DeviceSpecificModule {
 
-inline constexpr KeywordCommand LayoutCommandTable[] = {{u"Off", u""}, {u"Bl4in1", u""}, {}};
+inline constexpr KeywordCommand LayoutCommandTable[] = {{u"Off", u""}, {u"Bl4in1", u""}};
 
-inline constexpr KeywordCommand ImageShiftCommandTable[] = {{u"Off", u""}, {u"Controller", u""}, {}};
-inline constexpr KeywordCommand ImageShiftInfoCommandTable[] = {{u"CMD", u""}, {}};
-inline constexpr std::u16string_view ImageShiftInfoParameters[] = {u"ImageShiftInfo", {}};
+inline constexpr KeywordCommand ImageShiftCommandTable[] = {{u"Off", u""}, {u"Controller", u""}};
+inline constexpr KeywordCommand ImageShiftInfoCommandTable[] = {{u"CMD", u""}};
 
-inline constexpr KeywordCommand ChapterModeCommandTable[] = {{u"Off", u""}, {u"On", u""}, {}};
-inline constexpr KeywordCommand ChapterCommandTable[] = {{u"CMD", u""}, {}};
-inline constexpr std::u16string_view ChapterParameters[] = {u"Chapter", {}};
+inline constexpr KeywordCommand ChapterModeCommandTable[] = {{u"Off", u""}, {u"On", u""}};
+inline constexpr KeywordCommand ChapterCommandTable[] = {{u"CMD", u""}};
 
-inline constexpr KeywordCommand GlossyModeCommandTable[] = {{u"Off", u""}, {u"On", u""}, {}};
-inline constexpr KeywordCommand EdgeEnhancementCommandTable[] = {{u"Off", u""}, {u"On", u""}, {}};
-inline constexpr KeywordCommand EdgeMatchCommandTable[] = {{u"Finish", u""}, {u"Speed", u""}, {}};
+inline constexpr KeywordCommand GlossyModeCommandTable[] = {{u"Off", u""}, {u"On", u""}};
+inline constexpr KeywordCommand EdgeEnhancementCommandTable[] = {{u"Off", u""}, {u"On", u""}};
+inline constexpr KeywordCommand EdgeMatchCommandTable[] = {{u"Finish", u""}, {u"Speed", u""}};
 
 inline constexpr KeywordCommand ExposureCommandTable[] = {
-    {u"Document", u""}, {u"Photo", u""}, {u"DTP", u""}, {u"Web", u""}, {u"CAD", u""}, {},
-};
+    {u"Document", u""}, {u"Photo", u""}, {u"DTP", u""}, {u"Web", u""}, {u"CAD", u""}};
 
-inline constexpr KeywordCommand TColorCommandTable[] = {{u"Off", u""}, {u"On", u""}, {}};
-inline constexpr KeywordCommand TColorTypeCommandTable[] = {
-    {u"BlackR", u""},
-    {u"BlackB", u""},
-    {u"BlackG", u""},
-    {u"BlackC", u""},
-    {u"BlackM", u""},
-    {u"BlackY", u""},
-    {},
-};
+inline constexpr KeywordCommand TColorCommandTable[] = {{u"Off", u""}, {u"On", u""}};
+inline constexpr KeywordCommand TColorTypeCommandTable[] = {{u"BlackR", u""}, {u"BlackB", u""},
+                                                            {u"BlackG", u""}, {u"BlackC", u""},
+                                                            {u"BlackM", u""}, {u"BlackY", u""}};
 
 static_assert(AreFormatTables(ImageShiftInfoCommandTable, ChapterCommandTable));
-static_assert(AreSingleNames(ImageShiftInfoParameters, ChapterParameters));
 static_assert(AreOptionTables(2, LayoutCommandTable, ImageShiftCommandTable, ChapterModeCommandTable,
                               GlossyModeCommandTable, EdgeEnhancementCommandTable, EdgeMatchCommandTable,
                               TColorCommandTable));

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <string_view>
-
 #include "tables/KeywordCommand.h"
 #include "tables/TableChecks.h"
 
@@ -14,36 +12,27 @@ enum class OverlaySide { Front, Back };
 
 template <OverlaySide>
 inline constexpr KeywordCommand OverlayColorRows[] = {
-    {u"SameAsStored", u""}, {u"FullColor", u""}, {u"Black", u""},   {u"Red", u""},  {u"Green", u""},
-    {u"Blue", u""},         {u"Yellow", u""},    {u"Magenta", u""}, {u"Cyan", u""}, {},
-};
+    {u"SameAsStored", u""}, {u"FullColor", u""}, {u"Black", u""},   {u"Red", u""}, {u"Green", u""},
+    {u"Blue", u""},         {u"Yellow", u""},    {u"Magenta", u""}, {u"Cyan", u""}};
 
 template <OverlaySide>
 inline constexpr KeywordCommand OverlayOverwriteRows[] = {
-    {u"OverlayBrightness", u""}, {u"Back", u""}, {u"Front", u""}, {}};
+    {u"OverlayBrightness", u""}, {u"Back", u""}, {u"Front", u""}};
 
 // "FirstPageOnly" is a word of its own; other features say "FirstPage".
-inline constexpr KeywordCommand DeviceOverlayPagesCommandTable[] = {
-    {u"AllPages", u""}, {u"FirstPageOnly", u""}, {}};
+inline constexpr KeywordCommand DeviceOverlayPagesCommandTable[] = {{u"AllPages", u""},
+                                                                    {u"FirstPageOnly", u""}};
 
-inline constexpr KeywordCommand DeviceOverlayPrintOnFrontSideCommandTable[] = {
-    {u"Off", u""}, {u"On", u""}, {}};
-inline constexpr KeywordCommand DeviceOverlayFrontSideIDCommandTable[] = {{u"CMD", u""}, {}};
-inline constexpr std::u16string_view DeviceOverlayFrontSideIDParameters[] = {u"DeviceOverlayFrontSideID", {}};
+inline constexpr KeywordCommand DeviceOverlayPrintOnFrontSideCommandTable[] = {{u"Off", u""}, {u"On", u""}};
+inline constexpr KeywordCommand DeviceOverlayFrontSideIDCommandTable[] = {{u"CMD", u""}};
 inline constexpr auto& DeviceOverlayFrontSideColorCommandTable = OverlayColorRows<OverlaySide::Front>;
-inline constexpr KeywordCommand DeviceOverlayFrontSideDensityCommandTable[] = {{u"CMD", u""}, {}};
-inline constexpr std::u16string_view DeviceOverlayFrontSideDensityParameters[] = {
-    u"DeviceOverlayFrontSideDensity", {}};
+inline constexpr KeywordCommand DeviceOverlayFrontSideDensityCommandTable[] = {{u"CMD", u""}};
 inline constexpr auto& DeviceOverlayFrontSideOverwriteCommandTable = OverlayOverwriteRows<OverlaySide::Front>;
 
-inline constexpr KeywordCommand DeviceOverlayPrintOnBackSideCommandTable[] = {
-    {u"Off", u""}, {u"On", u""}, {}};
-inline constexpr KeywordCommand DeviceOverlayBackSideIDCommandTable[] = {{u"CMD", u""}, {}};
-inline constexpr std::u16string_view DeviceOverlayBackSideIDParameters[] = {u"DeviceOverlayBackSideID", {}};
+inline constexpr KeywordCommand DeviceOverlayPrintOnBackSideCommandTable[] = {{u"Off", u""}, {u"On", u""}};
+inline constexpr KeywordCommand DeviceOverlayBackSideIDCommandTable[] = {{u"CMD", u""}};
 inline constexpr auto& DeviceOverlayBackSideColorCommandTable = OverlayColorRows<OverlaySide::Back>;
-inline constexpr KeywordCommand DeviceOverlayBackSideDensityCommandTable[] = {{u"CMD", u""}, {}};
-inline constexpr std::u16string_view DeviceOverlayBackSideDensityParameters[] = {
-    u"DeviceOverlayBackSideDensity", {}};
+inline constexpr KeywordCommand DeviceOverlayBackSideDensityCommandTable[] = {{u"CMD", u""}};
 inline constexpr auto& DeviceOverlayBackSideOverwriteCommandTable = OverlayOverwriteRows<OverlaySide::Back>;
 
 static_assert(AreOptionTables(2, DeviceOverlayPagesCommandTable, DeviceOverlayPrintOnFrontSideCommandTable,
@@ -54,7 +43,5 @@ static_assert(AreOptionTables(9, DeviceOverlayFrontSideColorCommandTable,
                               DeviceOverlayBackSideColorCommandTable));
 static_assert(AreFormatTables(DeviceOverlayFrontSideIDCommandTable, DeviceOverlayFrontSideDensityCommandTable,
                               DeviceOverlayBackSideIDCommandTable, DeviceOverlayBackSideDensityCommandTable));
-static_assert(AreSingleNames(DeviceOverlayFrontSideIDParameters, DeviceOverlayFrontSideDensityParameters,
-                             DeviceOverlayBackSideIDParameters, DeviceOverlayBackSideDensityParameters));
 
 }  // namespace DeviceSpecificModule

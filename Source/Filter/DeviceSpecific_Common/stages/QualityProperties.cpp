@@ -1,7 +1,5 @@
 #include "conversion/JsonState.h"
 #include "conversion/PipelineProperties.h"
-#include "stages/FeatureEngine.h"
-#include "stages/FeatureLists.h"
 #include "stages/Stages.h"
 #include "ticket/TicketQueries.h"
 
@@ -16,12 +14,6 @@ constexpr std::u16string_view copyProtectProperties[] = {
 };
 
 }  // namespace
-
-void WriteQualityAdjustment(PTConverter& converter, const PipelineBag&, const TicketDocument&) {
-    const WideText mode = LookupCustomProperty(converter.CustomProperties, u"QualityAdjustMode");
-    if (mode == u"Simple") RunFeatureList(converter, SimpleQualityList, GateRule::PassOverRow);
-    if (mode == u"Detail") RunFeatureList(converter, DetailQualityList, GateRule::PassOverRow);
-}
 
 void WriteQualityProperties(PTConverter& converter, const PipelineBag& bag, const TicketDocument& ticket) {
     SetPipelineText(bag, u"PageOutputQuality", GetFeatureOptionName(ticket, u"PageOutputQuality"));
