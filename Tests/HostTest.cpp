@@ -10,7 +10,7 @@
 
 #include "Host/Errors.h"
 #include "Host/Files.h"
-#include "Host/JsonOutput.h"
+#include "Host/Json.h"
 #include "Host/Manifest.h"
 #include "Host/TextOutput.h"
 #include "Host/TicketDiff.h"

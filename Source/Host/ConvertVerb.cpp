@@ -1,18 +1,21 @@
+#include <charconv>
 #include <cstdlib>
 #include <iostream>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
-#include "Host/FileOutput.h"
-#include "Host/JobReader.h"
+#include "Host/Errors.h"
+#include "Host/Files.h"
+#include "Host/Job.h"
 #include "Host/JobRunner.h"
-#include "Host/JsonOutput.h"
-#include "Host/PropertyArguments.h"
-#include "Host/Sinks.h"
-#include "Host/StandardOutput.h"
+#include "Host/Json.h"
+#include "Host/StandardStreams.h"
 #include "Host/TextOutput.h"
+#include "Host/Texts.h"
 #include "Host/Verbs.h"
+#include "Platform/CodePages.h"
 #include "Platform/Process.h"
 
 namespace TicketHost {
@@ -46,6 +49,55 @@ void AddSinks(const ConvertOptions& options, StandardOutput& output, SinkList& s
     if (Platform::IsTerminal(StandardStream::Error) && !Platform::IsTerminal(StandardStream::Output))
         sinks.Add(std::make_unique<ProgressLine>(std::cerr));
     if (asText) sinks.Add(std::make_unique<ErrorLines>());
+}
+
+Platform::WideText TextOf(std::string_view argument) {
+    Platform::WideText text;
+    return ConvertToWide(Platform::CodePage::System, argument, text) ? text : FromUtf8(argument);
+}
+
+struct Assignment {
+    std::u16string Name;
+    std::string_view Value;
+};
+
+Assignment Split(const std::string& option, std::string_view argument) {
+    const std::size_t equals = argument.find('=');
+    if (equals == argument.npos || equals == 0)
+        throw InputError(option + " " + std::string(argument), "must have the form NAME=VALUE");
+    return {std::u16string(TextOf(argument.substr(0, equals)).View()), argument.substr(equals + 1)};
+}
+
+template <typename Integer>
+Integer NumberOf(const std::string& option, const std::string& argument, std::string_view digits) {
+    Integer number = 0;
+    const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), number);
+    if (error != std::errc() || end != digits.data() + digits.size())
+        throw InputError(option + " " + argument,
+                         std::is_signed_v<Integer> ? "must be a 32-bit integer" : "must be a user id");
+    return number;
+}
+
+void SetPipelineProperties(const std::vector<std::string>& arguments, PipelineProperties& properties) {
+    const std::string option = "--pipeline";
+    for (const std::string& argument : arguments) {
+        const auto [name, value] = Split(option, argument);
+        if (name == u"UserSecurityToken")
+            properties[name] = Platform::TokenHandle{NumberOf<std::uint32_t>(option, argument, value)};
+        else
+            properties[name] = TextOf(value);
+    }
+}
+
+void SetPrinterProperties(const std::string& option, const std::vector<std::string>& arguments,
+                          PrinterProperties& properties) {
+    for (const std::string& argument : arguments) {
+        const auto [name, value] = Split(option, argument);
+        if (name == u"encryptionPassphrase_Flag")
+            properties[name] = NumberOf<std::int32_t>(option, argument, value);
+        else
+            properties[name] = TextOf(value);
+    }
 }
 
 int Convert(const ConvertOptions& options) {

@@ -4,7 +4,6 @@
 
 #include <stdexcept>
 
-#include "Host/JobReader.h"
 #include "Host/OptionTableSet.h"
 #include "Platform/ResultError.h"
 #include "conversion/DeviceSpecificModule.h"
@@ -82,6 +81,18 @@ private:
 void ResultSink::Begin(const Job&, const PipelineProperties&) {}
 
 void ResultSink::End(const PipelineProperties&) {}
+
+void SinkList::Begin(const Job& job, const PipelineProperties& initial) {
+    for (const auto& sink : sinks_) sink->Begin(job, initial);
+}
+
+void SinkList::Take(const CallResult& result) {
+    for (const auto& sink : sinks_) sink->Take(result);
+}
+
+void SinkList::End(const PipelineProperties& final) {
+    for (const auto& sink : sinks_) sink->End(final);
+}
 
 bool RunJob(const Job& job, bool keepGoing, ResultSink& sink) {
     JobRun run(job.Settings);

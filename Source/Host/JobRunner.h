@@ -1,8 +1,10 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "Host/Job.h"
 #include "Platform/WideText.h"
@@ -35,6 +37,19 @@ public:
     virtual void Begin(const Job& job, const PipelineProperties& initial);  // before the first call
     virtual void Take(const CallResult& result) = 0;                        // after each call
     virtual void End(const PipelineProperties& final);                      // after the last call made
+};
+
+// Hands everything on to several sinks, in their order.
+class SinkList final : public ResultSink {
+public:
+    void Add(std::unique_ptr<ResultSink> sink) { sinks_.push_back(std::move(sink)); }
+
+    void Begin(const Job& job, const PipelineProperties& initial) override;
+    void Take(const CallResult& result) override;
+    void End(const PipelineProperties& final) override;
+
+private:
+    std::vector<std::unique_ptr<ResultSink>> sinks_;
 };
 
 // Makes the calls of a job in their order, on one pipeline bag. After a call that threw it makes no more,

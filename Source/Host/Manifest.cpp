@@ -6,7 +6,7 @@
 #include <limits>
 
 #include "Host/Errors.h"
-#include "Host/JsonText.h"
+#include "Host/Json.h"
 #include "Host/OptionTableSet.h"
 #include "Host/Texts.h"
 

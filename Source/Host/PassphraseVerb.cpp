@@ -7,7 +7,7 @@
 #include <system_error>
 
 #include "Host/Errors.h"
-#include "Host/StandardOutput.h"
+#include "Host/StandardStreams.h"
 #include "Host/Texts.h"
 #include "Host/Verbs.h"
 #include "Platform/Terminal.h"

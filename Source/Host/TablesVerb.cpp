@@ -1,15 +1,131 @@
+#include <algorithm>
 #include <memory>
+#include <ostream>
+#include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "Host/Errors.h"
+#include "Host/Json.h"
 #include "Host/OptionTableSet.h"
-#include "Host/StandardOutput.h"
-#include "Host/TableListing.h"
+#include "Host/StandardStreams.h"
+#include "Host/Texts.h"
 #include "Host/Verbs.h"
 
 namespace TicketHost {
 namespace {
+
+using Platform::WideText;
+
+enum class Show { Text, Presence };
+
+struct Column {
+    const char* Heading;
+    WideText OptionRecord::*Field;
+    Show Form;
+};
+
+constexpr Column columns[] = {
+    {"Keyword", &OptionRecord::Keyword, Show::Text},
+    {"Prefix", &OptionRecord::NamespacePrefix, Show::Text},
+    {"Pair", &OptionRecord::PairedKeyword, Show::Text},
+    {"Device name", &OptionRecord::DeviceName, Show::Text},
+    {"Ticket", &OptionRecord::TicketFragment, Show::Presence},
+    {"PJL", &OptionRecord::JobCommand, Show::Presence},
+    {"4in1 PJL", &OptionRecord::FourInOneJobCommand, Show::Presence},
+    {"PostScript", &OptionRecord::PostScriptCommand, Show::Presence},
+    {"Extra", &OptionRecord::ExtraText, Show::Presence},
+    {"Data line", &OptionRecord::DataCommand, Show::Text},
+};
+
+struct JsonField {
+    const char* Name;
+    WideText OptionRecord::*Field;
+};
+
+constexpr JsonField jsonFields[] = {
+    {"Keyword", &OptionRecord::Keyword},
+    {"PairedKeyword", &OptionRecord::PairedKeyword},
+    {"TicketFragment", &OptionRecord::TicketFragment},
+    {"JobCommand", &OptionRecord::JobCommand},
+    {"FourInOneJobCommand", &OptionRecord::FourInOneJobCommand},
+    {"NamespacePrefix", &OptionRecord::NamespacePrefix},
+    {"PostScriptCommand", &OptionRecord::PostScriptCommand},
+    {"DataCommand", &OptionRecord::DataCommand},
+    {"ExtraText", &OptionRecord::ExtraText},
+    {"DeviceName", &OptionRecord::DeviceName},
+};
+
+std::vector<OptionRecord> RowsOf(const std::string& name) {
+    std::vector<OptionRecord> rows = CopyOptionTable(name);
+    rows.erase(std::find_if(rows.begin(), rows.end(), [](const auto& row) { return row.Keyword.IsNull(); }),
+               rows.end());
+    return rows;
+}
+
+// The tables say that a text has no content by leaving it empty or by "0".
+bool HasContent(const WideText& text) { return !text.IsEmpty() && text != u"0"; }
+
+std::string CellOf(const OptionRecord& row, const Column& column) {
+    const WideText& text = row.*column.Field;
+    if (text.IsEmpty()) return "-";
+    return column.Form == Show::Text || !HasContent(text) ? Visible(ToUtf8(text)) : "x";
+}
+
+// A column's cells, its heading on top, filled up to one width.
+std::vector<std::string> CellsOf(const std::vector<OptionRecord>& rows, const Column& column) {
+    std::vector<std::string> cells = {column.Heading};
+    for (const OptionRecord& row : rows) cells.push_back(CellOf(row, column));
+    std::size_t width = 0;
+    for (const std::string& cell : cells) width = std::max(width, CountCharacters(cell));
+    for (std::string& cell : cells) cell.append(width - CountCharacters(cell), ' ');
+    return cells;
+}
+
+void ListTable(std::ostream& out, const std::string& name) {
+    const std::vector<OptionRecord> rows = RowsOf(name);
+    out << name << ": " << rows.size() << (rows.size() == 1 ? " row\n" : " rows\n");
+    std::vector<std::string> lines(rows.size() + 1);
+    for (const Column& column : columns) {
+        const auto hasContent = [&](const OptionRecord& row) { return HasContent(row.*column.Field); };
+        if (std::none_of(rows.begin(), rows.end(), hasContent)) continue;
+        const std::vector<std::string> cells = CellsOf(rows, column);
+        for (std::size_t at = 0; at < lines.size(); ++at) lines[at] += "  " + cells[at];
+    }
+    for (const std::string& line : lines) out << line.substr(0, line.find_last_not_of(' ') + 1) << "\n";
+}
+
+void ListTablesAsText(std::ostream& out, std::span<const std::string> names) {
+    const char* separator = "";
+    for (const std::string& name : names) {
+        out << separator;
+        ListTable(out, name);
+        separator = "\n";
+    }
+}
+
+void ListTablesAsJson(std::ostream& out, std::span<const std::string> names) {
+    JsonWriter json(out);
+    const char* tableSeparator = "\n";
+    out << "{";
+    for (const std::string& name : names) {
+        out << tableSeparator << "  \"" << name << "\": [";
+        const char* rowSeparator = "\n";
+        for (const OptionRecord& row : RowsOf(name)) {
+            out << rowSeparator << "    {\n      \"Id\": " << row.Id;
+            for (const auto& [field, member] : jsonFields) {
+                out << ",\n      \"" << field << "\": ";
+                json.Write((row.*member).IsNull() ? Json::Value() : Json::Value(ToUtf8(row.*member)));
+            }
+            out << "\n    }";
+            rowSeparator = ",\n";
+        }
+        out << "\n  ]";
+        tableSeparator = ",\n";
+    }
+    out << "\n}\n";
+}
 
 struct TablesOptions {
     std::string Name;

@@ -1,8 +1,8 @@
 #include "Host/TextOutput.h"
 
 #include <utility>
+#include <vector>
 
-#include "Host/PropertyTexts.h"
 #include "Host/Texts.h"
 #include "Host/TicketDiff.h"
 #include "Platform/ResultError.h"

@@ -9,7 +9,7 @@ namespace TicketHost {
 using Action = std::function<int()>;
 
 // Each adds one verb to the command line and, when that is the verb chosen, sets what is to be done. A new
-// verb is a function here and a row in the list of CommandLine.cpp.
+// verb is a function here and a row in the list of Main.cpp.
 void AddConvertVerb(CLI::App& app, Action& action);
 void AddTablesVerb(CLI::App& app, Action& action);
 void AddPassphraseVerb(CLI::App& app, Action& action);

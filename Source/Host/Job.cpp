@@ -1,4 +1,4 @@
-#include "Host/JobReader.h"
+#include "Host/Job.h"
 
 #include <algorithm>
 #include <filesystem>

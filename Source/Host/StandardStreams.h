@@ -1,26 +1,41 @@
 #pragma once
 
 #include <chrono>
-#include <memory>
 #include <ostream>
-#include <vector>
+#include <sstream>
+#include <string_view>
 
 #include "Host/JobRunner.h"
 
 namespace TicketHost {
 
-// Hands everything on to several sinks, in their order.
-class SinkList final : public ResultSink {
+// The standard output, piece by piece: what is written to the stream stays in memory until it is sent, and
+// whoever sends it learns whether it arrived.
+class StandardOutput {
 public:
-    void Add(std::unique_ptr<ResultSink> sink) { sinks_.push_back(std::move(sink)); }
-
-    void Begin(const Job& job, const PipelineProperties& initial) override;
-    void Take(const CallResult& result) override;
-    void End(const PipelineProperties& final) override;
+    std::ostream& Stream() { return pending_; }
+    // Throws OutputError when it didn't arrive, NobodyReads when nobody reads the standard output any more.
+    void Send();
 
 private:
-    std::vector<std::unique_ptr<ResultSink>> sinks_;
+    std::ostringstream pending_;
 };
+
+// Stands behind the sinks that write to the standard output, and sends what they wrote.
+class SendingSink final : public ResultSink {
+public:
+    explicit SendingSink(StandardOutput& output) : output_(output) {}
+
+    void Begin(const Job&, const PipelineProperties&) override { output_.Send(); }
+    void Take(const CallResult&) override { output_.Send(); }
+    void End(const PipelineProperties&) override { output_.Send(); }
+
+private:
+    StandardOutput& output_;
+};
+
+// Writes "tickethost: LINE" to the standard error.
+void WriteErrorLine(std::string_view line);
 
 // Writes each error as one line, "JOB: call N (TICKET): TYPE: MESSAGE", to the standard error.
 class ErrorLines final : public ResultSink {

@@ -1,20 +1,26 @@
-#include "Host/Sinks.h"
+#include "Host/StandardStreams.h"
 
-#include "Host/StandardOutput.h"
+#include <cerrno>
+#include <cstdio>
+#include <iostream>
+#include <system_error>
+
+#include "Host/Errors.h"
+#include "Host/Texts.h"
 
 namespace TicketHost {
 
-void SinkList::Begin(const Job& job, const PipelineProperties& initial) {
-    for (const auto& sink : sinks_) sink->Begin(job, initial);
+void StandardOutput::Send() {
+    const std::string_view bytes = pending_.view();
+    const bool arrived =
+        std::fwrite(bytes.data(), 1, bytes.size(), stdout) == bytes.size() && std::fflush(stdout) == 0;
+    const std::error_code cause(arrived ? 0 : errno, std::generic_category());
+    pending_.str("");
+    if (cause == std::errc::broken_pipe) throw NobodyReads();
+    if (!arrived) throw OutputError("standard output: " + cause.message());
 }
 
-void SinkList::Take(const CallResult& result) {
-    for (const auto& sink : sinks_) sink->Take(result);
-}
-
-void SinkList::End(const PipelineProperties& final) {
-    for (const auto& sink : sinks_) sink->End(final);
-}
+void WriteErrorLine(std::string_view line) { std::cerr << "tickethost: " << Visible(line) << "\n"; }
 
 void ErrorLines::Take(const CallResult& result) {
     if (!result.Error) return;
