@@ -3,6 +3,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <chrono>
 #include <cstdlib>
 #include <filesystem>
@@ -14,6 +15,7 @@
 #include "Host/Manifest.h"
 #include "Host/TextOutput.h"
 #include "Host/TicketDiff.h"
+#include "Platform/Files.h"
 #include "Support.h"
 
 namespace TicketHost {
@@ -165,6 +167,14 @@ TEST_F(HostTool, RefusesWhatItCannotRead) {
     const std::string command = "{ sleep 0.3; '" TICKETHOST "' tables; echo $? >status; } 2>errors | true";
     EXPECT_EQ(std::system(("cd '" + folder_.string() + "' && " + command).c_str()), 0);
     EXPECT_EQ(Read("status") + Read("errors"), "2\n");
+}
+
+TEST_F(HostTool, FilesThatMustBeNewReplaceNone) {
+    Write("there", "as it was");
+    errno = 0;
+    EXPECT_EQ(Platform::OpenFile(folder_ / "there", "wbx"), nullptr);
+    EXPECT_EQ(errno, EEXIST);
+    EXPECT_EQ(Read("there"), "as it was");
 }
 
 TEST_F(HostTool, TellsOfThrowsAndWritesFiles) {

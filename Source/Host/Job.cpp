@@ -50,7 +50,8 @@ public:
 
     std::shared_ptr<const Ticket> Read(const ManifestCall& call, std::size_t index) {
         if (call.IsInline()) return ReadInline(call, index);
-        const fs::path file = (folder_ / call.Ticket).lexically_normal();
+        const std::u8string name(call.Ticket.begin(), call.Ticket.end());  // plain chars needn't be UTF-8
+        const fs::path file = (folder_ / name).lexically_normal();
         std::shared_ptr<const Ticket>& ticket = files_[file];
         if (!ticket) ticket = ReadTicketFile(file);
         return ticket;

@@ -47,7 +47,7 @@ int Run(int argumentCount, const char* const* arguments) {
 using namespace TicketHost;
 
 int main(int argumentCount, char** arguments) {
-    Platform::IgnoreClosedPipes();
+    Platform::PrepareStandardOutput();
     try {
         return Run(argumentCount, arguments);
     } catch (const NobodyReads&) {

@@ -15,7 +15,8 @@ PLATFORM_API bool IsTerminal(StandardStream stream);
 // The user that this process runs as.
 PLATFORM_API TokenHandle GetCallingUser();
 
-// From here on, writing to a pipe that nobody reads fails like any other write, rather than end the process.
-PLATFORM_API void IgnoreClosedPipes();
+// From here on the standard output passes bytes on as they are, line ends included, and writing to a pipe
+// that nobody reads fails like any other write rather than end the process.
+PLATFORM_API void PrepareStandardOutput();
 
 }  // namespace Platform

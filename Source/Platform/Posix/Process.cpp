@@ -11,6 +11,7 @@ bool IsTerminal(StandardStream stream) {
 
 TokenHandle GetCallingUser() { return {getuid()}; }
 
-void IgnoreClosedPipes() { signal(SIGPIPE, SIG_IGN); }
+// Bytes always pass as they are here.
+void PrepareStandardOutput() { signal(SIGPIPE, SIG_IGN); }
 
 }  // namespace Platform

@@ -1,0 +1,15 @@
+#pragma once
+
+#include <cstdio>
+#include <filesystem>
+
+#include "Platform/Export.h"
+
+namespace Platform {
+
+// Opens a file as std::fopen does, whatever characters its name holds; without "b" in the mode line ends may
+// change on the way. Null when it can't be opened, and errno then says why. The caller closes the file with
+// std::fclose.
+PLATFORM_API std::FILE* OpenFile(const std::filesystem::path& file, const char* mode);
+
+}  // namespace Platform
