@@ -36,8 +36,8 @@ bool WantsColour() {
     return (refused == nullptr || *refused == '\0') && Platform::IsTerminal(StandardStream::Output);
 }
 
-// Files come first, so that a folder that can't be written is found before anything is printed. Progress is
-// for those who don't see the results go by.
+// Files come first, so that a folder that can't be written to is found before anything is printed. Progress
+// is shown to a person who doesn't see the results go by.
 void AddSinks(const ConvertOptions& options, StandardOutput& output, SinkList& sinks) {
     const bool asText = options.Format == "text";
     if (!options.Folder.empty()) sinks.Add(std::make_unique<FileOutput>(options.Folder));
@@ -50,6 +50,9 @@ void AddSinks(const ConvertOptions& options, StandardOutput& output, SinkList& s
         sinks.Add(std::make_unique<ProgressLine>(std::cerr));
     if (asText) sinks.Add(std::make_unique<ErrorLines>());
 }
+
+// Properties on the command line have the form NAME=VALUE; of two with one name the later counts. Values are
+// texts in the code page of the environment, but for one property of each kind of bag, which is a number.
 
 Platform::WideText TextOf(std::string_view argument) {
     Platform::WideText text;

@@ -21,7 +21,7 @@ public:
     using std::runtime_error::runtime_error;
 };
 
-// The standard output is a pipe whose reader has gone: nothing is left to do and nobody is left to tell.
+// The standard output is a pipe whose reader has gone. No reason to complain: the tool ends without a word.
 class NobodyReads : public OutputError {
 public:
     NobodyReads() : OutputError("standard output: nobody reads it any more") {}

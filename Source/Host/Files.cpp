@@ -35,7 +35,7 @@ std::error_code LastError() { return {errno, std::generic_category()}; }
     throw OutputError(file.string() + ": " + cause.message());
 }
 
-// A file that goes when it isn't kept.
+// A file that is removed at the end, unless it has got another name by then.
 class TemporaryFile {
 public:
     explicit TemporaryFile(fs::path path) : path_(std::move(path)) {}

@@ -8,13 +8,11 @@
 
 namespace TicketHost {
 
-// The bytes of a file. Throws InputError for a folder, for a file that can't be read and for one beyond 1
-// GiB.
+// The bytes of a file. Throws InputError for a folder, a file that can't be read and one of more than 1 GiB.
 std::string ReadFile(const std::filesystem::path& file);
 
-// Puts a file with these bytes in place of what is there. At no time does the name show a part of them: they
-// are written under another name in the same folder first. Throws OutputError, and leaves no such rest
-// behind.
+// Puts a file with these bytes in place of what is there, in one step: they are written under another name in
+// the same folder first. Throws OutputError; the file is then as it was and the other one gone.
 void ReplaceFile(const std::filesystem::path& file, std::string_view bytes);
 
 // Writes a job's results as they are into a folder, which it makes:

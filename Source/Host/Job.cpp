@@ -17,7 +17,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// Loads a ticket; `name` is what errors call it.
+// Loads a ticket; errors call it `name`.
 Platform::TicketDocument Load(const Ticket& ticket, const std::string& name) {
     Platform::ParseError error;
     const auto load = [&error](const auto& content) { return Platform::LoadTicketDocument(content, error); };

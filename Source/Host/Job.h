@@ -17,15 +17,14 @@ struct JobSettings {
     PipelineProperties Pipeline;  // as they are before the first call
     PrinterProperties Driver;     // of the driver property bag
     PrinterProperties Queue;      // of the queue property bag
-    std::optional<std::vector<std::string>>
-        Tables;            // the slots of OptionTables to fill; none: no record at all
+    // The names of the tables in the OptionTables record; absent: no record at all.
+    std::optional<std::vector<std::string>> Tables;
     bool Snapshot = true;  // one for all calls, or none
 };
 
-// A ticket that has been read and is known to be one. Calls share it, and each loads a document of its own
-// from it.
+// A ticket whose text has been found to load. Calls may share it; each loads a document of its own from it.
 struct Ticket {
-    std::string Name;                                       // for the user: its file, or "inline ticket"
+    std::string Name;                                       // its file, or "inline ticket"
     std::variant<std::string, Platform::WideText> Content;  // a file's bytes, or a text
 };
 
@@ -49,7 +48,7 @@ struct Job {
 // All tickets are read, each file once, and checked. Throws InputError when one of them can't be used.
 Job ReadJob(const std::string& file);
 
-// A document of its own for one call. Throws InputError, which a ticket of ReadJob's doesn't cause.
+// Loads a document of its own for one call. Throws InputError, but not for a ticket that ReadJob gave.
 Platform::TicketDocument LoadTicket(const Ticket& ticket);
 
 }  // namespace TicketHost

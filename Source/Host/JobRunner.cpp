@@ -30,8 +30,8 @@ CallError DescribeCurrentError() {
     }
 }
 
-// A manifest that sets one of the two bags' properties itself keeps its own value: so it shows what the
-// module makes of a host that supplies no bag.
+// A manifest may set the properties of the two bags itself, to null for instance: so it shows what the module
+// makes of a host that supplies no bag.
 PipelineProperties InitialProperties(const JobSettings& settings) {
     PipelineProperties properties = settings.Pipeline;
     const auto add = [&properties](const char16_t* name, const PrinterProperties& printer) {

@@ -18,19 +18,19 @@ struct CallError {
     std::string Message;
 };
 
-// One call and what came of it. What it refers to lives only until the sink gives control back.
+// One call and what came of it. What it refers to is valid until the sink's Take returns.
 struct CallResult {
     std::size_t Number = 0;  // counts from 1
     const Call& Made;
-    std::int32_t Status = 0;  // what the module gave, without an error
+    std::int32_t Status = 0;  // what the module returned; 0 after an error
     std::optional<CallError> Error;
     Platform::WideText TicketBefore;
     Platform::WideText TicketAfter;
     const PipelineProperties& Properties;  // all of them, after the call
 };
 
-// Who takes the results, call by call, so that nobody must hold a long job's in memory. What a sink throws
-// ends the run.
+// Takes the results call by call, so that those of a long job needn't fit into memory. An exception from a
+// sink ends the run.
 class ResultSink {
 public:
     virtual ~ResultSink() = default;
@@ -39,7 +39,7 @@ public:
     virtual void End(const PipelineProperties& final);                      // after the last call made
 };
 
-// Hands everything on to several sinks, in their order.
+// Hands everything on to several sinks, in the order in which they were added.
 class SinkList final : public ResultSink {
 public:
     void Add(std::unique_ptr<ResultSink> sink) { sinks_.push_back(std::move(sink)); }

@@ -16,7 +16,7 @@ namespace {
     throw InputError(file + ":" + std::to_string(line) + ":" + std::to_string(column), cause);
 }
 
-// The place is where `before`, the front part of the file, ends.
+// Names the place behind `before`, the front part of the file.
 [[noreturn]] void FailBehind(const std::string& file, std::string_view before, const std::string& cause) {
     const auto line = 1 + static_cast<std::size_t>(std::count(before.begin(), before.end(), '\n'));
     FailAt(file, line, before.size() - (before.rfind('\n') + 1) + 1, cause);
@@ -29,8 +29,8 @@ void RequireUtf8(const std::string& file, std::string_view bytes) {
     FailBehind(file, bytes.substr(0, static_cast<std::size_t>(at - bytes.begin())), "not UTF-8");
 }
 
-// The JSON reader lets comments pass inside objects, whatever its settings say. Outside its texts JSON has no
-// "/".
+// The JSON reader lets comments pass inside objects, whatever its settings say. A "/" outside a text can only
+// begin a comment, since JSON has no other use for it.
 void RequireNoComments(const std::string& file, std::string_view bytes) {
     bool inText = false;
     for (std::size_t at = 0; at < bytes.size(); ++at) {
@@ -40,8 +40,7 @@ void RequireNoComments(const std::string& file, std::string_view bytes) {
     }
 }
 
-// The JSON reader gives its errors as one text, in which the first reads "* Line 3, Column 5\n  What it
-// is.\n".
+// The JSON reader gives its errors as one text. Its first line is "* Line 3, Column 5", the next the cause.
 [[noreturn]] void FailWithReaderErrors(const std::string& file, const std::string& errors) {
     std::size_t line = 0, column = 0;
     char text[200] = "";
@@ -57,16 +56,14 @@ std::unique_ptr<Json::CharReader> NewStrictReader() {
     return std::unique_ptr<Json::CharReader>(builder.newCharReader());
 }
 
-// The library's writer puts the members of an object in the order of their names; people want those of a call
-// in the order in which they read. So the frame is written here, and only the values are its own.
+// The JSON library writes an object's members in the order of their names, but those of a call are easier to
+// read in an order of their own. So what stands around the values is written here.
 struct WriteValue {
     std::ostream& Out;
     JsonWriter& Json;
 
     void operator()(std::monostate) const { Out << "null"; }
-    void operator()(const Platform::WideText& text) const {
-        Json.Write(text.IsNull() ? Json::Value() : Json::Value(ToUtf8(text)));
-    }
+    void operator()(const Platform::WideText& text) const { Json.Write(text); }
     void operator()(std::int32_t number) const { Out << number; }
     void operator()(Platform::TokenHandle token) const { Out << token.UserId; }
     // The option tables are all that a property ever refers to.
@@ -103,7 +100,11 @@ JsonWriter::JsonWriter(std::ostream& out) : out_(out) {
     writer_.reset(builder.newStreamWriter());
 }
 
-void JsonWriter::Write(const Json::Value& value) { writer_->write(value, &out_); }
+void JsonWriter::Write(const std::string& text) { writer_->write(text, &out_); }
+
+void JsonWriter::Write(const Platform::WideText& text) {
+    writer_->write(text.IsNull() ? Json::Value() : ToUtf8(text), &out_);
+}
 
 void WriteProperties(std::ostream& out, const PipelineProperties& properties, int indent) {
     JsonWriter json(out);

@@ -13,30 +13,31 @@
 namespace TicketHost {
 
 // Reads JSON by the strict rules: UTF-8, no comments, no key twice, nothing behind the document. Throws
-// InputError with line and column of the first fault; `file` is its name there.
+// InputError with line and column of the first fault; `file` is only the name in it.
 Json::Value ReadJson(const std::string& file, std::string_view bytes);
 
-// Writes values to a stream as JSON in UTF-8.
+// Writes texts to a stream as JSON in UTF-8.
 class JsonWriter {
 public:
     explicit JsonWriter(std::ostream& out);
-    // A text, number or null, for which it puts no white space anywhere.
-    void Write(const Json::Value& value);
+    void Write(const std::string& text);
+    void Write(const Platform::WideText& text);  // null for a null one
 
 private:
     std::ostream& out_;
     std::unique_ptr<Json::StreamWriter> writer_;
 };
 
-// Writes the properties as one JSON object whose lines are indented by `indent` blanks, but for the first.
-// Printer bags are left out.
+// Writes the properties as one JSON object without its printer bags. All lines but the first are indented by
+// `indent` blanks.
 void WriteProperties(std::ostream& out, const PipelineProperties& properties, int indent);
 
 // Writes a job's results as one JSON document, each call as it comes:
 //
-//   { "calls": [ { "level": 2, "status": 1, "ticket": xml, "properties": { NAME: value } },
-//                { "level": 0, "error": { "type": ..., "code": ..., "message": ... }, "ticket": ..., ... } ]
-//                }
+//   { "calls": [ { "level": 2, "status": 1, "ticket": xml, "properties": { NAME: value } } ] }
+//
+// A call that threw has "error": { "type": text, "code": integer, "message": text } instead of "status"; only
+// a ResultError has a code.
 class JsonOutput final : public ResultSink {
 public:
     explicit JsonOutput(std::ostream& out) : out_(out), json_(out) {}

@@ -19,8 +19,8 @@ std::string Below(const std::string& place, const std::string& key) {
     return place.empty() ? key : place + "." + key;
 }
 
-// A number written with a point or an exponent is none, whatever its value; but integers of more than 64 bits
-// come as such, too, and are told from them by their size.
+// A number with a point or an exponent is no integer, whatever its value. The JSON reader gives integers of
+// more than 64 bits in the same form; their size tells them apart.
 bool IsInteger(const Json::Value& value) {
     if (value.type() == Json::realValue) return std::abs(value.asDouble()) >= 0x1p63;
     return value.type() == Json::intValue || value.type() == Json::uintValue;

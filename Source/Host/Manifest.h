@@ -25,14 +25,13 @@ struct ManifestCall {
 //     "snapshot": true | false,                      absent: true
 //     "calls":    [ { "level": integer, "ticket": path relative to the manifest, or inline XML } ] }
 //
-// "calls", and "level" and "ticket" in each of them, must be there; nothing that isn't named here may be.
+// "calls" must be there, and "level" and "ticket" in each of them; keys that aren't named here must not.
 struct Manifest {
     JobSettings Settings;
     std::vector<ManifestCall> Calls;
 };
 
-// Throws InputError, "file: place: cause", for all that doesn't fit the form. `file` is the name to put
-// there.
+// Throws InputError, "file: place: cause", for all that doesn't fit the form; `file` is only the name in it.
 Manifest ParseManifest(const std::string& file, std::string_view bytes);
 
 }  // namespace TicketHost

@@ -33,18 +33,18 @@ std::string_view WithoutLineEnd(std::string_view text) {
     return text;
 }
 
-// Reads a passphrase that can be stored. The result stands in `input`.
+// Reads a passphrase that can be stored. The result is a view of `input`.
 std::string_view ReadPassphrase(Input& input) {
     std::error_code error;
     const std::size_t count = Platform::ReadHiddenInput("Passphrase: ", input, error);
     if (error) throw InputError(inputName, error.message());
     const std::string_view passphrase = WithoutLineEnd(std::string_view(input.data(), count));
     if (passphrase.empty()) throw InputError(inputName, "the passphrase is empty");
-    // The bytes behind would be stored and reach no key, so that other passphrases would do as well.
+    // Further bytes would be stored but reach no key, so a passphrase with other ones would do as well.
     if (passphrase.size() > LongestPassphrase)
         throw InputError(inputName,
                          "the passphrase is longer than " + std::to_string(LongestPassphrase) + " bytes");
-    // Zeros fill up a shorter one.
+    // The stored form is filled up with zero bytes, so that one at the end would get lost.
     if (passphrase.find('\0') != passphrase.npos)
         throw InputError(inputName, "the passphrase holds a zero byte");
     return passphrase;
@@ -62,7 +62,7 @@ int PrintStored() {
     return 0;
 }
 
-// The text is judged first, so that nobody types for nothing.
+// Looks at the stored text before it asks for the passphrase.
 int CheckStored(const std::string& text) {
     const std::u16string stored = UnitsOf(text);
     const std::size_t length = BytesFromHexText(stored).size();
@@ -88,11 +88,9 @@ void AddPassphraseVerb(CLI::App& app, Action& action) {
     verb->add_option("--check", *stored, "Say whether this stored text stands for the passphrase")
         ->type_name("TEXT");
     verb->footer(
-        "Reads a passphrase of 1 to 20 bytes from the standard input, up to its end or, unseen, a line from "
-        "a\n"
-        "terminal; a line end behind it doesn't count. Prints the text to store. With --check the exit "
-        "status is 0\n"
-        "for a match and 1 for none.\n"
+        "Reads a passphrase of 1 to 20 bytes: all of the standard input or, from a terminal, one line that\n"
+        "isn't shown; a line end behind the passphrase doesn't count. Prints the text to store. With\n"
+        "--check it says instead whether the two match, and the exit status is 0 if so and 1 if not.\n"
         "\n"
         "  tickethost passphrase\n"
         "  printf %s \"$PASSPHRASE\" | tickethost passphrase --check \"$STORED\"");

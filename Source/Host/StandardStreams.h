@@ -9,12 +9,12 @@
 
 namespace TicketHost {
 
-// The standard output, piece by piece: what is written to the stream stays in memory until it is sent, and
-// whoever sends it learns whether it arrived.
+// The standard output, piece by piece. What is written to the stream stays in memory until it is sent, so
+// that a failure shows at once and not when the process ends.
 class StandardOutput {
 public:
     std::ostream& Stream() { return pending_; }
-    // Throws OutputError when it didn't arrive, NobodyReads when nobody reads the standard output any more.
+    // Throws OutputError when not all could be written, NobodyReads when the reader of a pipe has gone.
     void Send();
 
 private:
@@ -47,7 +47,7 @@ private:
     std::string name_;
 };
 
-// Shows on a terminal how far a job has come, once it has taken a second; the line goes when the job ends.
+// Shows on a terminal how far a job has come that takes more than a second. The line is erased at the end.
 class ProgressLine final : public ResultSink {
 public:
     explicit ProgressLine(std::ostream& out) : out_(out) {}

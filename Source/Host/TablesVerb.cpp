@@ -57,6 +57,7 @@ constexpr JsonField jsonFields[] = {
     {"DeviceName", &OptionRecord::DeviceName},
 };
 
+// The table's rows without the one that ends it.
 std::vector<OptionRecord> RowsOf(const std::string& name) {
     std::vector<OptionRecord> rows = CopyOptionTable(name);
     rows.erase(std::find_if(rows.begin(), rows.end(), [](const auto& row) { return row.Keyword.IsNull(); }),
@@ -67,6 +68,7 @@ std::vector<OptionRecord> RowsOf(const std::string& name) {
 // The tables say that a text has no content by leaving it empty or by "0".
 bool HasContent(const WideText& text) { return !text.IsEmpty() && text != u"0"; }
 
+// "-" is an empty text, "x" the content of one that isn't shown.
 std::string CellOf(const OptionRecord& row, const Column& column) {
     const WideText& text = row.*column.Field;
     if (text.IsEmpty()) return "-";
@@ -83,6 +85,8 @@ std::vector<std::string> CellsOf(const std::vector<OptionRecord>& rows, const Co
     return cells;
 }
 
+// For a person: how many rows there are, and of each what identifies it, which of its other texts have
+// content and its data line. Columns without content in any row are left out.
 void ListTable(std::ostream& out, const std::string& name) {
     const std::vector<OptionRecord> rows = RowsOf(name);
     out << name << ": " << rows.size() << (rows.size() == 1 ? " row\n" : " rows\n");
@@ -105,6 +109,7 @@ void ListTablesAsText(std::ostream& out, std::span<const std::string> names) {
     }
 }
 
+// One object: under each table's name its rows, with all their fields.
 void ListTablesAsJson(std::ostream& out, std::span<const std::string> names) {
     JsonWriter json(out);
     const char* tableSeparator = "\n";
@@ -116,7 +121,7 @@ void ListTablesAsJson(std::ostream& out, std::span<const std::string> names) {
             out << rowSeparator << "    {\n      \"Id\": " << row.Id;
             for (const auto& [field, member] : jsonFields) {
                 out << ",\n      \"" << field << "\": ";
-                json.Write((row.*member).IsNull() ? Json::Value() : Json::Value(ToUtf8(row.*member)));
+                json.Write(row.*member);
             }
             out << "\n    }";
             rowSeparator = ",\n";

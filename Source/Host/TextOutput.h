@@ -32,10 +32,13 @@ private:
 // Writes a job's results for a person who wants to know why a job came out as it did. Of each call it says
 // what the call did and nothing of what was there before:
 //
-//   the PJL lines, when "PJL" changed; control characters are visible, and the CR LF that ends a line is left
-//   out the data lines that came to "DATA", below their page marker the other pipeline properties that
-//   changed, a text in quotes, so that it differs from a number or a null how the ticket changed the error,
-//   if the call threw
+// - The error, if the call threw.
+// - The lines of "PJL", if it changed.
+// - The lines that came to "DATA", each below the marker of its page.
+// - The other pipeline properties that changed.
+// - How the ticket changed.
+//
+// SplitCommandLines and DescribeValue say what the lines and the properties look like.
 class TextOutput final : public ResultSink {
 public:
     TextOutput(std::ostream& out, bool colour) : out_(out), painter_(colour) {}

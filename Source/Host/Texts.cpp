@@ -75,9 +75,8 @@ std::string Visible(std::string_view bytes) {
         const auto next = static_cast<unsigned char>(at + 1 < bytes.size() ? bytes[at + 1] : 0);
         if (code < 0x20 || code == 0x7F) {
             visible += NameOfControl(code);
-        } else if (code == 0xC2 && next >= 0x80 &&
-                   next < 0xA0) {  // U+0080 to U+009F, which terminals obey too
-            visible += NameOfControl(next);
+        } else if (code == 0xC2 && next >= 0x80 && next < 0xA0) {
+            visible += NameOfControl(next);  // U+0080 to U+009F, which terminals obey too
             ++at;
         } else {
             visible += bytes[at];

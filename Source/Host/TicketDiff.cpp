@@ -17,8 +17,8 @@ constexpr std::size_t mostAlignment = 8;  // lines that a change may move down t
 constexpr std::size_t longestContextLine = 120;  // characters
 constexpr std::size_t longestChangedLine = 400;  // characters; tickets carry values of many thousands
 constexpr std::size_t mostChanges = 500;         // lines that went or came; nobody reads more
-// Beyond so many lines, both tickets together and without what they share at their ends, no diff is made: its
-// cost grows faster than they do.
+// Lines of both tickets, without those that they share at their beginnings and ends. For more of them no diff
+// is made, since its cost grows faster than their number.
 constexpr std::size_t mostLines = 20000;
 
 std::size_t EndOfTag(std::string_view xml, std::size_t at) {
@@ -119,8 +119,8 @@ bool IsClosingTag(std::string_view line) {
     return line.substr(std::min(line.find_first_not_of(' '), line.size())).starts_with("</");
 }
 
-// Where an element is followed by one with the same end, the diff may take the end of the one before for
-// changed. Moves such runs down, so that they begin with what opens the element.
+// Where two elements in a row end in the same lines and the second came or went, the diff may begin with the
+// end of the first. Moves such a run down, so that it begins with the line that opens the second.
 void AlignWithElements(std::vector<Edit>& edits) {
     for (std::size_t begin = 0, end = 0; begin < edits.size(); begin = end) {
         const char mark = edits[begin].Mark;

@@ -8,8 +8,8 @@ namespace TicketHost {
 // What a verb does once the command line is read; gives the exit status.
 using Action = std::function<int()>;
 
-// Each adds one verb to the command line and, when that is the verb chosen, sets what is to be done. A new
-// verb is a function here and a row in the list of Main.cpp.
+// Each adds one verb to the command line and sets the action when a user chooses that verb. A new verb is a
+// function here and a row in the list of Main.cpp.
 void AddConvertVerb(CLI::App& app, Action& action);
 void AddTablesVerb(CLI::App& app, Action& action);
 void AddPassphraseVerb(CLI::App& app, Action& action);
