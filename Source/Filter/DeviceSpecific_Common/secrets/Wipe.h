@@ -1,12 +1,12 @@
 #pragma once
 
-#include <cstring>
-
 #include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <type_traits>
 #include <vector>
+
+#include "Platform/WipeMemory.h"
 
 namespace DeviceSpecificModule {
 
@@ -25,7 +25,7 @@ struct Wiped {
     Wiped() = default;
     Wiped(const Wiped&) = delete;
     Wiped& operator=(const Wiped&) = delete;
-    ~Wiped() { explicit_bzero(&Value, sizeof Value); }
+    ~Wiped() { Platform::WipeMemory(&Value, sizeof Value); }
 };
 
 // An allocator that wipes each block of memory as it gives it back. A container that grows gives its old
@@ -43,7 +43,7 @@ struct WipingAllocator {
     T* allocate(std::size_t count) { return std::allocator<T>().allocate(count); }
 
     void deallocate(T* items, std::size_t count) noexcept {
-        explicit_bzero(items, count * sizeof(T));
+        Platform::WipeMemory(items, count * sizeof(T));
         std::allocator<T>().deallocate(items, count);
     }
     // NOLINTEND(readability-identifier-naming)

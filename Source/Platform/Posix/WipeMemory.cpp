@@ -1,0 +1,9 @@
+#include "Platform/WipeMemory.h"
+
+#include <string.h>
+
+namespace Platform {
+
+void WipeMemory(void* memory, std::size_t size) noexcept { explicit_bzero(memory, size); }
+
+}  // namespace Platform
