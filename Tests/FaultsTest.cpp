@@ -1,10 +1,13 @@
 #include <gtest/gtest.h>
 #include <stdlib.h>
 
+#include <functional>
 #include <new>
 
+#include "Platform/CodePages.h"
 #include "Platform/ResultError.h"
 #include "Support.h"
+#include "secrets/SecretPreparation.h"
 
 // Every allocation of a call failed in turn. The allocators of this whole program are replaced; they fail
 // only on a thread that has asked for it. What the XML library takes from malloc doesn't fail here: it does
@@ -99,6 +102,43 @@ TEST(Faults, LeaveTheSnapshotUntouchedWhateverAllocationFails) {
         while (FaultRun().Run(level, allocation)) ++allocation;
         EXPECT_GT(allocation, 20) << "level " << level;  // else the failures didn't reach the call
         EXPECT_FALSE(HasFailure()) << "level " << level;
+    }
+}
+
+// Where a text is made, lack of memory is one error, and results are then as they were.
+TEST(Faults, OfTextsAreResultErrors) {
+    const std::string letters(100, 'x'), others = letters + "\xC3\xA9";
+    const WideText wide = Wide(letters), otherWide = Wide(others);
+    std::string bytes;
+    WideText text;
+    PTConverter converter;
+    TestHost host{{{u"EncryptionID", Wide("[1,2]")}}};
+    converter.Pipeline = host.Bag;
+    using Platform::CodePage;
+    const std::pair<const char*, std::function<void()>> cases[] = {
+        {"to wide", [&] { ConvertToWide(CodePage::Utf8, letters, text); }},
+        {"others to wide", [&] { ConvertToWide(CodePage::Utf8, others, text); }},
+        {"from wide", [&] { ConvertFromWide(CodePage::Utf8, wide.View(), bytes); }},
+        {"others from wide", [&] { ConvertFromWide(CodePage::Utf8, otherWide.View(), bytes); }},
+        {"secret", [&] { text = ProtectJobSecret(converter, otherWide); }},
+    };
+    for (const auto& [name, make] : cases) {
+        for (long allocation = 0; failed || allocation == 0; ++allocation) {
+            text = WideText(u"old");
+            bytes = "old";
+            std::uint32_t code = 0;
+            failed = false;
+            untilFailure = allocation;
+            try {
+                make();
+            } catch (const Platform::ResultError& error) {
+                code = error.Code();
+            }
+            untilFailure = -1;
+            EXPECT_EQ(code, failed ? Platform::ResultOutOfMemory : 0) << name << allocation;
+            EXPECT_TRUE(!failed || (text == u"old" && bytes == "old")) << name << allocation;
+            EXPECT_TRUE(failed || allocation > 0) << name;  // else nothing was tried
+        }
     }
 }
 

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <random>
 #include <sstream>
 #include <stdexcept>
 #include <thread>
@@ -99,6 +100,32 @@ TEST(CodePagesTest, WhatHasNoFormIsReplaced) {
                         : ConvertToWide(CodePage::Thread, bytes, wide) && wide == FromHex(each, "to"))
             << each.toStyledString() << Narrow(wide) << narrow;
     }
+}
+
+// Code pages with shift states, byte order marks and characters of several units among them; random texts,
+// with lone surrogates and characters that no code page has.
+TEST(CodePagesTest, SecretsBecomeTheSameBytes) {
+    const char* const pages[] = {"UTF-8",  "ISO-8859-15", "ISO-2022-JP",  "ISO-2022-KR", "UTF-7",
+                                 "UTF-16", "BIG5-HKSCS",  "EUC-JISX0213", "GB18030",     "TCVN5712-1"};
+    constexpr std::u16string_view alphabet =
+        u"aZ~\\\u00E9\u20AC\u00CA\u0304\u030C\u304B\u309A\u6F22\uAC00\uFFFD\xD83D\xDE00\xD840\xDC0B\0";
+    std::mt19937 random(5);
+    for (const char* page : pages) {
+        SetThreadCodePage(page);
+        for (int round = 0; round < 300; ++round) {
+            std::u16string units;
+            for (std::size_t length = random() % 12; length > 0; --length)
+                units += alphabet[random() % alphabet.size()];
+            std::string whole, pieces;
+            const auto take = [&pieces](std::string_view piece) { pieces += piece; };
+            ASSERT_TRUE(ConvertFromWide(CodePage::Thread, units, whole));
+            ASSERT_TRUE(ConvertSecretFromWide(CodePage::Thread, units, take));
+            EXPECT_EQ(whole, pieces) << page << " " << Narrow(WideText(units));
+        }
+    }
+    SetThreadCodePage("no such page");
+    EXPECT_FALSE(ConvertSecretFromWide(CodePage::Thread, u"a", [](std::string_view) { FAIL(); }));
+    SetThreadCodePage("");
 }
 
 TEST(CodePagesTest, EachThreadHasItsOwn) {

@@ -9,7 +9,11 @@
 #include <cerrno>
 #include <cstdint>
 #include <cstring>
+#include <functional>
 #include <new>
+
+#include "Platform/ResultError.h"
+#include "Platform/WipeMemory.h"
 
 namespace Platform {
 namespace {
@@ -29,7 +33,8 @@ std::string NameOfCodeset(const char* codeset) {
 
 std::string SystemCodePageName() {
     locale_t environment = newlocale(LC_CTYPE_MASK, "", nullptr);
-    if (environment == nullptr) return "UTF-8";
+    if (environment == nullptr && errno == ENOMEM) ThrowResult(ResultOutOfMemory);
+    if (environment == nullptr) return "UTF-8";  // the environment names a locale that isn't there
     std::string name = NameOfCodeset(nl_langinfo_l(CODESET, environment));
     freelocale(environment);
     return name;
@@ -42,10 +47,14 @@ std::string NameOf(CodePage page) {
     return chosen.empty() ? NameOfCodeset(nl_langinfo(CODESET)) : chosen;
 }
 
+using Take = std::function<void(std::string_view)>;
+
+// Gives all that it writes to `take`, and keeps nothing of it.
 class Converter {
 public:
-    Converter(const char* to, const char* from) : handle_(iconv_open(to, from)) {
-        if (!IsOpen() && errno != EINVAL) throw std::bad_alloc();  // the code page may well be known
+    Converter(const char* to, const char* from, const Take& take)
+        : handle_(iconv_open(to, from)), take_(take) {
+        if (!IsOpen() && errno != EINVAL) ThrowResult(ResultOutOfMemory);  // the code page may well be known
     }
     Converter(const Converter&) = delete;
     Converter& operator=(const Converter&) = delete;
@@ -54,44 +63,51 @@ public:
     }
     bool IsOpen() const { return reinterpret_cast<std::intptr_t>(handle_) != -1; }
 
-    // Converts `input` into `output`. At each place that can't be converted, `replace` is given the rest of
-    // the input, writes what shall stand there, and says how many bytes of input that is for.
+    // Converts `input`. At each place that can't be converted, `replace` is given the rest of the input,
+    // writes what shall stand there, and says how many bytes of input that is for.
     template <typename Replace>
-    void Run(std::string_view input, Replace replace, std::string& output) {
+    void Run(std::string_view input, Replace replace) {
         char* at = const_cast<char*>(input.data());
         std::size_t left = input.size();
         while (left > 0) {
-            if (Step(&at, &left, output) || errno == E2BIG) continue;
+            if (Step(&at, &left) || errno == E2BIG) continue;
             const std::size_t skip = std::min(left, replace(std::string_view(at, left)));
             at += skip;
             left -= skip;
         }
-        Step(nullptr, nullptr, output);  // what the code page needs at a text's end
     }
 
+    // Writes what the code page needs at a text's end.
+    void Finish() { Step(nullptr, nullptr); }
+
     // Writes one character where the code page has it, in the shift state that it is in.
-    bool Put(char16_t unit, std::string& output) {
-        char bytes[sizeof unit];
-        std::memcpy(bytes, &unit, sizeof unit);
-        char* at = bytes;
-        std::size_t left = sizeof bytes;
-        return Step(&at, &left, output);
+    bool Put(char16_t unit) {
+        char* at = reinterpret_cast<char*>(&unit);
+        std::size_t left = sizeof unit;
+        return Step(&at, &left);
     }
 
 private:
+    struct Room {
+        char Bytes[4096];
+        char* End = Bytes;
+
+        ~Room() { WipeMemory(Bytes, static_cast<std::size_t>(End - Bytes)); }
+    };
+
     // False, with errno set, when it stopped before the end of the input.
-    bool Step(char** input, std::size_t* left, std::string& output) {
-        char room[4096];
-        char* end = room;
-        std::size_t free = sizeof room;
-        const bool complete = iconv(handle_, input, left, &end, &free) != static_cast<std::size_t>(-1);
+    bool Step(char** input, std::size_t* left) {
+        Room room;
+        std::size_t free = sizeof room.Bytes;
+        const bool complete = iconv(handle_, input, left, &room.End, &free) != static_cast<std::size_t>(-1);
         const int error = errno;
-        output.append(room, end);
+        take_(std::string_view(room.Bytes, room.End));
         errno = error;
         return complete;
     }
 
     iconv_t handle_;
+    const Take& take_;
 };
 
 bool IsAscii(std::string_view bytes) {
@@ -102,58 +118,78 @@ bool IsAscii(std::u16string_view units) {
     return std::ranges::all_of(units, [](char16_t unit) { return unit < 0x80; });
 }
 
-std::size_t BadUnitsLength(std::string_view rest) {
-    if (rest.size() < 4) return 2;
-    char16_t pair[2];
-    std::memcpy(pair, rest.data(), sizeof pair);
-    const bool isPair = (pair[0] & 0xFC00) == 0xD800 && (pair[1] & 0xFC00) == 0xDC00;
-    return isPair ? 4 : 2;
+// The length of the character that the text begins with, in units; 1 for a lone surrogate.
+std::size_t FirstLength(std::u16string_view text) {
+    const bool isPair = text.size() > 1 && (text[0] & 0xFC00) == 0xD800 && (text[1] & 0xFC00) == 0xDC00;
+    return isPair ? 2 : 1;
+}
+
+std::string_view BytesOf(std::u16string_view units) {
+    return {reinterpret_cast<const char*>(units.data()), units.size() * sizeof(char16_t)};
+}
+
+// Takes all units at once, or those of one character at a time.
+bool ConvertUnits(const std::string& page, std::u16string_view units, bool byCharacter, const Take& take) {
+    Converter converter(page.c_str(), wideName, take);
+    if (!converter.IsOpen()) return false;
+    while (!units.empty()) {
+        const std::u16string_view piece = units.substr(0, byCharacter ? FirstLength(units) : units.npos);
+        converter.Run(BytesOf(piece), [&](std::string_view rest) {
+            if (!converter.Put(u'\xFFFD')) converter.Put(u'?');
+            return sizeof(char16_t) *
+                   FirstLength(piece.substr(piece.size() - rest.size() / sizeof(char16_t)));
+        });
+        units.remove_prefix(piece.size());
+    }
+    converter.Finish();
+    return true;
 }
 
 }  // namespace
 
 void SetThreadCodePage(std::string_view name) { ThreadCodePageName() = name; }
 
-bool ConvertToWide(CodePage page, std::string_view bytes, WideText& text) {
+bool ConvertToWide(CodePage page, std::string_view bytes, WideText& text) try {
     const std::string name = NameOf(page);
     std::u16string units;
     if (name == "UTF-8" && IsAscii(bytes)) {
         units.assign(bytes.begin(), bytes.end());
     } else {
-        Converter converter(wideName, name.c_str());
-        if (!converter.IsOpen()) return false;
         std::string output;
-        const auto replace = [&output](std::string_view) {
-            constexpr char16_t unknown = u'\xFFFD';
-            output.append(reinterpret_cast<const char*>(&unknown), sizeof unknown);
+        const Take take = [&output](std::string_view piece) { output += piece; };
+        Converter converter(wideName, name.c_str(), take);
+        if (!converter.IsOpen()) return false;
+        converter.Run(bytes, [&output](std::string_view) {
+            output += BytesOf(u"\xFFFD");
             return std::size_t{1};
-        };
-        converter.Run(bytes, replace, output);
+        });
+        converter.Finish();
         units.resize(output.size() / sizeof(char16_t));
         std::memcpy(units.data(), output.data(), units.size() * sizeof(char16_t));
     }
     text = WideText(units);
     return true;
+} catch (const std::bad_alloc&) {
+    ThrowResult(ResultOutOfMemory);
 }
 
-bool ConvertFromWide(CodePage page, std::u16string_view units, std::string& bytes) {
+bool ConvertFromWide(CodePage page, std::u16string_view units, std::string& bytes) try {
     const std::string name = NameOf(page);
     std::string output;
-    if (name == "UTF-8" && IsAscii(units)) {
+    if (name == "UTF-8" && IsAscii(units))
         output.assign(units.begin(), units.end());
-    } else {
-        Converter converter(name.c_str(), wideName);
-        if (!converter.IsOpen()) return false;
-        const std::string_view input(reinterpret_cast<const char*>(units.data()),
-                                     units.size() * sizeof(char16_t));
-        const auto replace = [&](std::string_view rest) {
-            if (!converter.Put(u'\xFFFD', output)) converter.Put(u'?', output);
-            return BadUnitsLength(rest);
-        };
-        converter.Run(input, replace, output);
-    }
+    else if (!ConvertUnits(name, units, false, [&output](std::string_view piece) { output += piece; }))
+        return false;
     bytes = std::move(output);
     return true;
+} catch (const std::bad_alloc&) {
+    ThrowResult(ResultOutOfMemory);
+}
+
+bool ConvertSecretFromWide(CodePage page, std::u16string_view units, const Take& take) try {
+    return ConvertUnits(NameOf(page), units, true, take);
+} catch (const std::bad_alloc&) {
+    ThrowResult(ResultOutOfMemory);
 }
 
 }  // namespace Platform

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <limits>
+#include <new>
 #include <span>
 #include <string>
 
@@ -52,27 +53,20 @@ std::string Encipher(WipedBytes bytes, const PassphraseBytes& seed, EncryptionId
     return HexTextFromBytes(std::span(bytes).first(static_cast<std::size_t>(paddedLength)));
 }
 
-// A text that wipes its bytes. Its owner must not make it grow.
-struct WipedText {
-    std::string Text;
-
-    WipedText() = default;
-    WipedText(const WipedText&) = delete;
-    WipedText& operator=(const WipedText&) = delete;
-    ~WipedText() { explicit_bzero(Text.data(), Text.size()); }
-};
-
 }  // namespace
 
 WipedBytes AnsiFromWide(std::u16string_view text) {
-    WipedText ansi;
-    if (!ConvertFromWide(Platform::CodePage::System, text, ansi.Text))
+    WipedBytes bytes;
+    const auto take = [&bytes](std::string_view piece) {
+        bytes.insert(bytes.end(), piece.begin(), piece.end());
+    };
+    if (!ConvertSecretFromWide(Platform::CodePage::System, text, take))
         ThrowResult(Platform::ResultUnknownCodePage);
-    const char* const start = ansi.Text.c_str();
-    return WipedBytes(start, start + ansi.Text.size() + 1);
+    bytes.push_back(0);
+    return bytes;
 }
 
-WideText ProtectJobSecret(const PTConverter& converter, const WideText& secret) {
+WideText ProtectJobSecret(const PTConverter& converter, const WideText& secret) try {
     const QueuePassphrase passphrase = ReadQueuePassphrase(converter.Queue);
     // A malformed text is an error also when a passphrase takes its place.
     EncryptionId id = ParseEncryptionId(GetPipelineText(converter.Pipeline, u"EncryptionID").View());
@@ -86,6 +80,8 @@ WideText ProtectJobSecret(const PTConverter& converter, const WideText& secret) 
     const std::string digits =
         Encipher(BytesOfSecret(secret, converter.SecretIsHexText == 1), seed.Value, id);
     return WideText(std::u16string(digits.begin(), digits.end()));
+} catch (const std::bad_alloc&) {
+    ThrowResult(Platform::ResultOutOfMemory);
 }
 
 }  // namespace DeviceSpecificModule

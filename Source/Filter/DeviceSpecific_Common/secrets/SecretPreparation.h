@@ -18,13 +18,19 @@ namespace DeviceSpecificModule {
 // The secret's bytes are those that it stands for in hexadecimal digits, if the converter's SecretIsHexText
 // is 1 (none when it is no such text), otherwise those of AnsiFromWide.
 //
-// Throws what ParseEncryptionId throws, also when the passphrase gives the key, and ResultError or
-// std::bad_alloc without memory. All bytes of keys, passphrase and secret that this makes are wiped.
+// Throws what ParseEncryptionId throws, also when the passphrase gives the key, and ResultError without
+// memory.
+//
+// Every buffer that this fills with bytes of keys, passphrase or secret, on the stack and off it, is wiped,
+// whatever is thrown. That can't reach what others hold: `secret` itself, whose counted text may be shared,
+// the settings document and the ticket that it came from. Nor does it reach registers, with what the
+// compiler or the system saves of them, or the one character that AnsiFromWide speaks of.
 WideText ProtectJobSecret(const PTConverter& converter, const WideText& secret);
 
 // The text in the system's default code page, which is neither the thread's nor always UTF-8, with a zero at
-// its end. All units are converted; a zero unit in the text is a zero byte ahead of that end. Throws
-// ResultError for an unknown code page.
+// its end. All units are converted; a zero unit in the text is a zero byte ahead of that end. Nothing else
+// keeps a copy, but the platform's converter may keep the last character. Throws ResultError for an unknown
+// code page, and that or std::bad_alloc without memory.
 WipedBytes AnsiFromWide(std::u16string_view text);
 
 }  // namespace DeviceSpecificModule
