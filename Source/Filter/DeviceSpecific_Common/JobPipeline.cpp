@@ -1,14 +1,18 @@
 #include "JobPipeline.h"
 
 #include <iterator>
+#include <utility>
 
+#include "conversion/DeviceSpecificModule.h"
 #include "conversion/JsonState.h"
 #include "conversion/PipelineProperties.h"
 #include "conversion/TextOperations.h"
+#include "pages/ConvertDocument.h"
 #include "pages/ConvertPage.h"
 #include "perpage/PerPageSettings.h"
 #include "stages/Stages.h"
 #include "ticket/CustomProperties.h"
+#include "ticket/TicketNamespaces.h"
 #include "ticket/TicketQueries.h"
 
 namespace DeviceSpecificModule {
@@ -38,8 +42,9 @@ void ReadPipeline(PTConverter& converter) {
     LoadCommandMap(converter.Driver, converter.CommandMap, series);
 }
 
-}  // namespace
-
+// Reads the ticket's custom properties and the printer bags, runs the stages in their order, then the page
+// conversion once as the job pass, and publishes "PJL" and, behind it, "DATA". When anything is thrown,
+// neither property has been written.
 void ConvertJob(PTConverter& converter) {
     ReadCustomProperties(converter.Ticket, converter.CustomProperties);
     ReadPipeline(converter);
@@ -50,6 +55,30 @@ void ConvertJob(PTConverter& converter) {
     SetPipelineText(converter.Pipeline, u"PJL", converter.PjlText);
     SetPipelineText(converter.Pipeline, u"DATA", converter.DataText);
     RemoveTicketNode(converter.Ticket, PathToParameter(u"ns0000:PageDevmodeSnapshot"));
+}
+
+void ConvertLevel(PTConverter& converter, std::int32_t level) {
+    if (level == JobLevel)
+        ConvertJob(converter);
+    else if (level == DocumentLevel)
+        ConvertDocument(converter, converter.Ticket);
+    else
+        ConvertPage(converter, converter.Ticket, PageCallFlags);
+}
+
+}  // namespace
+
+void ConvertTicket(PipelineBag pipelineBag, TicketDocument ticket, std::int32_t level,
+                   const OptionTables* optionTables, PTConverter* snapshot) {
+    PTConverter converter;
+    if (snapshot != nullptr) converter = *snapshot;
+    ticket->setProperty(u"SelectionNamespaces", SelectionNamespaces);
+    converter.Pipeline = std::move(pipelineBag);
+    converter.Ticket = std::move(ticket);
+    converter.Tables = optionTables;
+    converter.PjlText = WideText(u"");
+    ConvertLevel(converter, level);
+    if (snapshot != nullptr) *snapshot = converter;
 }
 
 }  // namespace DeviceSpecificModule

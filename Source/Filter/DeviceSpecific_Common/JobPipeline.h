@@ -4,10 +4,9 @@
 
 namespace DeviceSpecificModule {
 
-// Converts a job's ticket: reads its custom properties and the printer bags, runs the stages in their order,
-// then the page conversion once as the job pass, and publishes "PJL" and, behind it, "DATA". The converter's
-// bag, ticket and tables are bound, and its PjlText is empty. When anything is thrown, neither property has
-// been written.
-void ConvertJob(PTConverter& converter);
+// What ProcessDrvPT does, whatever form a platform gives to what it exports: converts the ticket on a
+// converter of its own, which starts from the snapshot and, when nothing was thrown, becomes it.
+void ConvertTicket(PipelineBag pipelineBag, TicketDocument ticket, std::int32_t level,
+                   const OptionTables* optionTables, PTConverter* snapshot);
 
 }  // namespace DeviceSpecificModule
