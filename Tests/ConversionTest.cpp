@@ -177,8 +177,8 @@ TEST(Conversion, PublishesTheOptionTables) {
 }
 
 TEST(Conversion, NamesTheUser) {
-    TestHost host({{u"UserSecurityToken", Platform::TokenHandle{.UserId = 0}}});
-    const std::string user = Narrow(Platform::GetUserName({.UserId = 0}));
+    TestHost host({{u"UserSecurityToken", Platform::GetTokenOfUser(0)}});
+    const std::string user = Narrow(Platform::GetNameOfUser(Platform::GetTokenOfUser(0)));
     EXPECT_NE(user, "");
     host.Run(JobLevel, MakeTicket(""));
     EXPECT_TRUE(

@@ -16,6 +16,7 @@
 #include "Host/TextOutput.h"
 #include "Host/TicketDiff.h"
 #include "Platform/Files.h"
+#include "Platform/Identities.h"
 #include "Support.h"
 
 namespace TicketHost {
@@ -68,7 +69,7 @@ TEST(Host, PropertiesAsJson) {
         {u"Printer", printer},
         {u"ReferenceNone", Platform::BareReference{}},
         {u"ReferenceTables", Platform::BareReference{&somewhere}},
-        {u"Token", Platform::TokenHandle{4294967295}},
+        {u"Token", Platform::GetTokenOfUser(4294967295)},
     };
     std::ostringstream out;
     WriteProperties(out, properties, 1);

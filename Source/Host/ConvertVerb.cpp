@@ -16,6 +16,7 @@
 #include "Host/Texts.h"
 #include "Host/Verbs.h"
 #include "Platform/CodePages.h"
+#include "Platform/Identities.h"
 #include "Platform/Process.h"
 
 namespace TicketHost {
@@ -86,7 +87,7 @@ void SetPipelineProperties(const std::vector<std::string>& arguments, PipelinePr
     for (const std::string& argument : arguments) {
         const auto [name, value] = Split(option, argument);
         if (name == u"UserSecurityToken")
-            properties[name] = Platform::TokenHandle{NumberOf<std::uint32_t>(option, argument, value)};
+            properties[name] = Platform::GetTokenOfUser(NumberOf<std::uint32_t>(option, argument, value));
         else
             properties[name] = TextOf(value);
     }

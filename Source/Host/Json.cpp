@@ -7,6 +7,7 @@
 
 #include "Host/Errors.h"
 #include "Host/Texts.h"
+#include "Platform/Identities.h"
 
 namespace TicketHost {
 namespace {
@@ -65,7 +66,7 @@ struct WriteValue {
     void operator()(std::monostate) const { Out << "null"; }
     void operator()(const Platform::WideText& text) const { Json.Write(text); }
     void operator()(std::int32_t number) const { Out << number; }
-    void operator()(Platform::TokenHandle token) const { Out << token.UserId; }
+    void operator()(Platform::TokenHandle token) const { Out << GetIdOfUser(token); }
     // The option tables are all that a property ever refers to.
     void operator()(Platform::BareReference reference) const {
         Out << "{\"reference\": " << (reference.Address == nullptr ? "null" : "\"OptionTables\"") << "}";

@@ -9,6 +9,7 @@
 #include "Host/Json.h"
 #include "Host/OptionTableSet.h"
 #include "Host/Texts.h"
+#include "Platform/Identities.h"
 
 namespace TicketHost {
 namespace {
@@ -119,7 +120,7 @@ void ManifestReader::ReadPipeline(const Json::Value& root, PipelineProperties& p
         const Json::Value& value = root["pipeline"][name];
         const std::string place = Below("pipeline", name);
         if (name == "UserSecurityToken")
-            properties[UnitsOf(name)] = Platform::TokenHandle{ReadInteger<std::uint32_t>(value, place)};
+            properties[UnitsOf(name)] = Platform::GetTokenOfUser(ReadInteger<std::uint32_t>(value, place));
         else
             properties[UnitsOf(name)] = ReadPipelineValue(value, place);
     }

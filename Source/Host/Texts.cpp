@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "Platform/CodePages.h"
+#include "Platform/Identities.h"
 
 namespace TicketHost {
 namespace {
@@ -25,7 +26,7 @@ bool AreSame(const WideText& left, const WideText& right) {
     return left.IsNull() == right.IsNull() && left.Length() == right.Length() && BeginsWith(left, right);
 }
 bool AreSame(std::int32_t left, std::int32_t right) { return left == right; }
-bool AreSame(Platform::TokenHandle left, Platform::TokenHandle right) { return left.UserId == right.UserId; }
+bool AreSame(Platform::TokenHandle left, Platform::TokenHandle right) { return left == right; }
 bool AreSame(Platform::BareReference left, Platform::BareReference right) {
     return left.Address == right.Address;
 }
@@ -41,7 +42,7 @@ struct Describe {
     }
     std::string operator()(std::int32_t number) const { return std::to_string(number); }
     std::string operator()(Platform::TokenHandle token) const {
-        return "user " + std::to_string(token.UserId);
+        return "user " + std::to_string(GetIdOfUser(token));
     }
     std::string operator()(Platform::BareReference reference) const {
         return reference.Address == nullptr ? "reference to nothing" : "reference to OptionTables";

@@ -19,10 +19,9 @@ public:
     virtual bool GetInt32(std::u16string_view name, std::int32_t& value) const = 0;
 };
 
-// Who submitted the job.
-struct TokenHandle {
-    std::uint32_t UserId = 0;
-};
+// Who submitted the job: as wide as a pointer, and what it says only the platform knows.
+// Platform/Identities.h makes and reads it.
+enum class TokenHandle : std::uintptr_t {};
 
 // A value of no type that carries an address. Not owned: whoever stores it keeps what stands there alive.
 struct BareReference {

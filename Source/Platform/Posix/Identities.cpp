@@ -19,16 +19,20 @@ WideText TextOfName(const char* name) {
 
 }  // namespace
 
-WideText GetUserName(TokenHandle token) {
+TokenHandle GetTokenOfUser(std::uint32_t userId) { return TokenHandle{userId}; }
+
+std::uint32_t GetIdOfUser(TokenHandle token) { return static_cast<std::uint32_t>(token); }
+
+WideText GetNameOfUser(TokenHandle token) {
     std::vector<char> room(1024);
     passwd entry{};
     passwd* found = nullptr;
-    while (getpwuid_r(token.UserId, &entry, room.data(), room.size(), &found) == ERANGE)
+    while (getpwuid_r(GetIdOfUser(token), &entry, room.data(), room.size(), &found) == ERANGE)
         room.resize(2 * room.size());
     return found == nullptr ? WideText(u"") : TextOfName(found->pw_name);
 }
 
-WideText GetComputerName() {
+WideText GetNameOfComputer() {
     char name[257] = {};
     return gethostname(name, sizeof name - 1) == 0 ? TextOfName(name) : WideText(u"");
 }

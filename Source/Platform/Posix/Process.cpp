@@ -3,13 +3,15 @@
 #include <signal.h>
 #include <unistd.h>
 
+#include "Platform/Identities.h"
+
 namespace Platform {
 
 bool IsTerminal(StandardStream stream) {
     return isatty(stream == StandardStream::Output ? STDOUT_FILENO : STDERR_FILENO) == 1;
 }
 
-TokenHandle GetCallingUser() { return {getuid()}; }
+TokenHandle GetCallingUser() { return GetTokenOfUser(getuid()); }
 
 // Bytes always pass as they are here.
 void PrepareStandardOutput() { signal(SIGPIPE, SIG_IGN); }

@@ -33,7 +33,7 @@ WideText GetSubmittingUserName(const PipelineBag& bag) {
     Platform::PropertyValue value;
     bag->GetProperty(u"UserSecurityToken", value);
     const auto* token = std::get_if<Platform::TokenHandle>(&value);
-    return token == nullptr ? WideText(u"") : Platform::GetUserName(*token);
+    return token == nullptr ? WideText(u"") : Platform::GetNameOfUser(*token);
 }
 
 }  // namespace DeviceSpecificModule

@@ -57,7 +57,7 @@ void WriteJobLogAndTime(PTConverter& converter, const PipelineBag& bag, const Ti
     WideText text(block);
     FillFirstPlaceholder(text, FormatPrintLogDate(seconds).View());
     FillFirstPlaceholder(text, GetSubmittingUserName(bag).View());
-    FillFirstPlaceholder(text, Platform::GetComputerName().View());
+    FillFirstPlaceholder(text, Platform::GetNameOfComputer().View());
     FillFirstPlaceholder(text, FormatJobTime(seconds).View());
     AppendWideText(converter.PjlText, text);
 }
