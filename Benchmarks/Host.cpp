@@ -48,7 +48,15 @@ Host::Host()
 void Host::StartJob(const std::string& ticket) {
     snapshot_.reset(CreatePTConverterClassPointer());
     twin_ = Load(ticket);
-    Call(JobLevel, ticket);
+    kept_ = Load(ticket);
+    Convert(JobLevel, kept_);
+}
+
+double Host::SecondsOfCallAlone(std::int32_t level, const std::string& ticket) {
+    Platform::TicketDocument document = Load(ticket);
+    const double seconds = CpuSeconds([&] { Convert(level, document); });
+    kept_ = std::move(document);
+    return seconds;
 }
 
 double Host::SecondsOfCall(std::int32_t level, const std::string& ticket) {

@@ -31,6 +31,8 @@ public:
     // A call on the snapshot, and the freeing of the ticket of the call before, less the freeing of that
     // one's twin.
     double SecondsOfCall(std::int32_t level, const std::string& ticket);
+    // A call on the snapshot, without the freeing of any ticket. Behind StartJob or another one of these.
+    double SecondsOfCallAlone(std::int32_t level, const std::string& ticket);
     // A job call on a snapshot of its own, and the freeing of that snapshot with the ticket in it, less the
     // freeing of the ticket's twin. Leaves the host without a snapshot.
     double SecondsOfJobCall(const std::string& ticket);
@@ -51,6 +53,7 @@ private:
     using Snapshot = DeviceSpecificModule::PTConverter;
     std::unique_ptr<Snapshot, decltype(&DeviceSpecificModule::DestroyPTConverterClassPointer)> snapshot_;
     Platform::TicketDocument twin_;  // of the ticket that the snapshot keeps
+    Platform::TicketDocument kept_;  // the ticket of StartJob or of the last call alone
 };
 
 }  // namespace Benchmarks

@@ -104,9 +104,9 @@ Preparation LatePage(int page) {
         auto first = std::make_shared<Host>();
         return [=]() -> Sample {
             first->StartJob(jobTicket);
-            late->SecondsOfCall(PageLevel, ticket);
-            const double seconds = late->SecondsOfCall(PageLevel, ticket);
-            return {seconds, first->SecondsOfCall(PageLevel, ticket)};
+            late->SecondsOfCallAlone(PageLevel, ticket);
+            const double seconds = late->SecondsOfCallAlone(PageLevel, ticket);
+            return {seconds, first->SecondsOfCallAlone(PageLevel, ticket)};
         };
     };
 }
