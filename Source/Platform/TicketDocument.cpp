@@ -1,22 +1,13 @@
 #include "Platform/TicketDocument.h"
 
-#include <initializer_list>
-
-#include "Platform/ResultError.h"
-
 namespace Platform {
 namespace {
 
-void AddPieces(WideText& text, std::initializer_list<std::u16string_view> pieces) {
-    for (const std::u16string_view piece : pieces)
-        if (!text.Append(piece)) ThrowResult(ResultOutOfMemory);
-}
-
-void AddName(WideText& query, const PathStep& step) {
-    if (!step.Name) return;
-    if (!step.Namespace) return AddPieces(query, {u"[@name='", *step.Name, u"']"});
-    AddPieces(query, {u"[substring-after(@name,':')='", *step.Name, u"'][name(namespace::*[.='",
-                      *step.Namespace, u"'])=substring-before(@name,':')]"});
+WideText NameConditions(const PathStep& step) {
+    if (!step.Name) return {};
+    if (!step.Namespace) return WideText::Join({u"[@name='", *step.Name, u"']"});
+    return WideText::Join({u"[substring-after(@name,':')='", *step.Name, u"'][name(namespace::*[.='",
+                           *step.Namespace, u"'])=substring-before(@name,':')]"});
 }
 
 // The front part of a document's text, up to where the last child of its root ends, and what keeps the root
@@ -43,9 +34,8 @@ IXMLDOMDocument2::~IXMLDOMDocument2() = default;
 WideText QueryOf(Path path) {
     WideText query;
     for (const PathStep& step : path) {
-        const bool isFirst = &step == path.data();
-        AddPieces(query, {step.AtAnyDepth ? u"//" : isFirst ? u"" : u"/", step.Element});
-        AddName(query, step);
+        const std::u16string_view axis = step.AtAnyDepth ? u"//" : query.IsNull() ? u"" : u"/";
+        query = WideText::Join({query.View(), axis, step.Element, NameConditions(step).View()});
     }
     return query;
 }

@@ -80,20 +80,20 @@ public:
     // False, and the document as it was, for a text that is refused; `error`, where given, then says why.
     virtual bool loadXML(const WideText& text, ParseError* error = nullptr) = 0;
 
-    // What follows says in a form of its own what could be said by the operations above, as a document may
-    // have a cheaper way to do it. These forms go by the operations above; whatever a document does instead
-    // gives the same results.
+    // The rest could be said by the operations above, and goes by them unless a document has a cheaper way,
+    // which then gives the same results.
 
     // selectSingleNode of QueryOf(path).
     virtual bool selectPath(Path path, TicketNode& node);
-    // selectPath for a series of names in one go: nodes[i] is the match of the path whose step `numbered` has
-    // the three digits of i, from "000" on, behind its Name; null where there is none. False, and nothing
-    // done, where that is no cheaper than asking for each.
+    // selectPath for a series of names in one go: nodes[i], null at first, becomes the match of the path
+    // whose step `numbered` has the three digits of i, from "000" on, behind its Name. There must be steps
+    // behind that one and none at any depth up to it. False, and nothing done, where asking for each is no
+    // dearer.
     virtual bool selectSeries(Path path, std::size_t numbered, std::span<TicketNode> nodes);
     // Puts XML behind all children of the root by way of the text: cut at the root's end tag, which is taken
     // for that of `root` (as "psf:PrintTicket"), filled up and loaded anew. Nothing is escaped or mended:
-    // when the text is refused, the document stays as it was. Nodes taken before belong to the old document,
-    // also where `fragments` is empty. False, and nothing done, without an element of that name.
+    // when the text is refused, the document stays as it was. Nodes taken before belong to the old document.
+    // False, and nothing done, without an element of that name.
     virtual bool appendToRoot(std::u16string_view root, const WideText& fragments);
 };
 

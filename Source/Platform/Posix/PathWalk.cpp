@@ -12,8 +12,8 @@ constexpr std::u16string_view nameAttribute = u"@name";
 constexpr std::size_t seriesDigits = 3;
 
 bool Equals(std::string_view bytes, std::u16string_view ascii) {
-    return std::ranges::equal(
-        bytes, ascii, [](char byte, char16_t unit) { return static_cast<unsigned char>(byte) == unit; });
+    return std::ranges::equal(bytes, ascii, std::equal_to<>(),
+                              [](char byte) { return char16_t{static_cast<unsigned char>(byte)}; });
 }
 
 // Whether a text stands in a query for just itself. XML's own namespace is bound without a declaration.
@@ -21,8 +21,6 @@ bool IsPlain(std::u16string_view text) {
     return text != u"http://www.w3.org/XML/1998/namespace" &&
            std::ranges::all_of(text, [](char16_t unit) { return unit > 0 && unit < 0x80 && unit != u'\''; });
 }
-
-std::u16string_view LocalPart(std::u16string_view name) { return name.substr(name.find(u':') + 1); }
 
 xmlAttrPtr NameOf(const xmlNode* element) {
     for (xmlAttrPtr attribute = element->properties; attribute != nullptr; attribute = attribute->next)
@@ -35,8 +33,7 @@ std::string_view ValueOf(const xmlAttr* attribute) {
     return attribute == nullptr || attribute->children == nullptr ? "" : View(attribute->children->content);
 }
 
-// Whether an element between `element` and its ancestor `outer`, that one left out, gives the prefix another
-// meaning.
+// Whether an element below `outer`, down to `element`, gives the prefix another meaning.
 bool IsHidden(const xmlNs* declared, const xmlNode* element, const xmlNode* outer) {
     for (; element != outer; element = element->parent)
         for (const xmlNs* inner = element->nsDef; inner != nullptr; inner = inner->next)
@@ -54,32 +51,26 @@ std::string_view CountingPrefix(const xmlNode* element, std::u16string_view uri)
     return counting == nullptr ? std::string_view() : View(counting->prefix);
 }
 
-// The two sides of a name's first colon; both are empty without one.
-std::pair<std::string_view, std::string_view> SplitName(std::string_view name) {
-    const std::size_t colon = name.find(':');
-    if (colon == name.npos) return {};
-    return {name.substr(0, colon), name.substr(colon + 1)};
+// Takes the digits of a series off a name. False where it doesn't end in them.
+bool TakeDigits(std::string_view& name) {
+    if (name.size() < seriesDigits) return false;
+    const std::string_view digits = name.substr(name.size() - seriesDigits);
+    name.remove_suffix(seriesDigits);
+    return std::ranges::all_of(digits, [](char digit) { return digit >= '0' && digit <= '9'; });
 }
 
-bool HasName(const xmlNode* element, const PathStep& step) {
+// The sides of a name's first colon are both empty without one, as the functions of queries have it.
+bool HasName(const xmlNode* element, const PathStep& step, bool isSeries) {
     if (!step.Name) return true;
     const xmlAttr* attribute = NameOf(element);
-    if (!step.Namespace) return attribute != nullptr && Equals(ValueOf(attribute), *step.Name);
-    const auto [prefix, local] = SplitName(ValueOf(attribute));
-    return Equals(local, *step.Name) && CountingPrefix(element, *step.Namespace) == prefix;
-}
-
-// The number that three digits behind the step's name stand for; -1 for other names.
-int NumberOf(const xmlNode* element, const PathStep& step) {
-    const std::string_view name = ValueOf(NameOf(element));
-    if (name.size() < seriesDigits) return -1;
-    const std::string_view digits = name.substr(name.size() - seriesDigits);
-    if (!std::ranges::all_of(digits, [](char digit) { return digit >= '0' && digit <= '9'; })) return -1;
-    const auto [prefix, local] = SplitName(name);
-    if (local.size() < seriesDigits) return -1;
-    const std::string_view front = local.substr(0, local.size() - seriesDigits);
-    if (!Equals(front, *step.Name) || CountingPrefix(element, *step.Namespace) != prefix) return -1;
-    return (digits[0] - '0') * 100 + (digits[1] - '0') * 10 + (digits[2] - '0');
+    const std::string_view name = ValueOf(attribute);
+    const std::size_t colon = std::min(name.find(':'), name.size());
+    std::string_view wanted = step.Namespace ? name.substr(std::min(colon + 1, name.size())) : name;
+    if (isSeries && !TakeDigits(wanted)) return false;
+    if (attribute == nullptr && !step.Namespace) return false;
+    const std::string_view prefix = colon == name.size() ? "" : name.substr(0, colon);
+    return Equals(wanted, *step.Name) &&
+           (!step.Namespace || CountingPrefix(element, *step.Namespace) == prefix);
 }
 
 }  // namespace
@@ -90,8 +81,16 @@ const std::string* NameOfNamespace(const Namespaces& namespaces, std::u16string_
     return bound == namespaces.rend() ? nullptr : &bound->second;
 }
 
-PathWalk::PathWalk(Path path, const Namespaces& namespaces)
-    : path_(path), possible_(!path.empty() && path.size() <= MostSteps) {
+std::size_t NumberInSeries(const xmlNode* element) {
+    const std::string_view name = ValueOf(NameOf(element));
+    std::size_t number = 0;
+    for (const char digit : name.substr(name.size() - seriesDigits))
+        number = number * 10 + static_cast<std::size_t>(digit - '0');
+    return number;
+}
+
+PathWalk::PathWalk(Path path, const Namespaces& namespaces, Names names)
+    : path_(path), names_(names), possible_(!path.empty() && path.size() <= uris_.size()) {
     for (std::size_t step = 0; step < path.size() && possible_; ++step) {
         const PathStep& each = path[step];
         if (each.Element == nameAttribute && step > 0 && step + 1 == path.size()) break;
@@ -104,52 +103,40 @@ PathWalk::PathWalk(Path path, const Namespaces& namespaces)
 }
 
 bool PathWalk::Fits(const xmlNode* element, std::size_t step) const {
-    return uris_[step] != nullptr && Equals(View(element->name), LocalPart(path_[step].Element)) &&
-           element->ns != nullptr && View(element->ns->href) == *uris_[step];
+    const std::u16string_view name = path_[step].Element;
+    return uris_[step] != nullptr && Equals(View(element->name), name.substr(name.find(u':') + 1)) &&
+           element->ns != nullptr && View(element->ns->href) == *uris_[step] &&
+           HasName(element, path_[step], names_ == Names::Series && step + 1 == path_.size());
 }
 
-xmlNodePtr PathWalk::Find(xmlDocPtr document) const {
-    return Search(reinterpret_cast<xmlNodePtr>(document), 1);
+xmlNodePtr PathWalk::First(xmlNodePtr from) const {
+    xmlNodePtr first = nullptr;
+    Visit(from, [&first](xmlNodePtr match) { return (first = match) != nullptr; });
+    return first;
 }
 
 // In document order, with all the steps that may lead to a child in hand, so that the first match met is the
 // first one there is, also where elements that match a step stand within each other.
-xmlNodePtr PathWalk::Search(xmlNodePtr parent, Steps open) const {
+bool PathWalk::Search(xmlNodePtr parent, Steps open, const std::function<bool(xmlNodePtr)>& visitor) const {
     for (xmlNodePtr child = parent->children; child != nullptr; child = child->next) {
         if (child->type != XML_ELEMENT_NODE) continue;
         Steps below = 0;
+        xmlNodePtr match = nullptr;
         for (std::size_t step = 0; step < path_.size(); ++step) {
             if ((open >> step & 1) == 0) continue;
             if (path_[step].AtAnyDepth) below |= 1u << step;
-            if (!Fits(child, step) || !HasName(child, path_[step])) continue;
-            if (step + 1 == path_.size()) return child;
-            if (path_[step + 1].Element != nameAttribute)
+            if (!Fits(child, step)) continue;
+            if (step + 1 == path_.size())
+                match = child;
+            else if (path_[step + 1].Element == nameAttribute)
+                match = reinterpret_cast<xmlNodePtr>(NameOf(child));
+            else
                 below |= 1u << (step + 1);
-            else if (const xmlAttrPtr name = NameOf(child))
-                return reinterpret_cast<xmlNodePtr>(name);
         }
-        if (below == 0) continue;
-        if (const xmlNodePtr found = Search(child, below)) return found;
+        if (match != nullptr && visitor(match)) return true;
+        if (below != 0 && Search(child, below, visitor)) return true;
     }
-    return nullptr;
-}
-
-void PathWalk::FindSeries(xmlDocPtr document, std::size_t numbered, std::vector<xmlNodePtr>& found) const {
-    SearchSeries(reinterpret_cast<xmlNodePtr>(document), 0, numbered, found);
-}
-
-void PathWalk::SearchSeries(xmlNodePtr parent, std::size_t step, std::size_t numbered,
-                            std::vector<xmlNodePtr>& found) const {
-    for (xmlNodePtr child = parent->children; child != nullptr; child = child->next) {
-        if (child->type != XML_ELEMENT_NODE || !Fits(child, step)) continue;
-        if (step < numbered) {
-            if (HasName(child, path_[step])) SearchSeries(child, step + 1, numbered, found);
-            continue;
-        }
-        const auto number = static_cast<std::size_t>(NumberOf(child, path_[step]));
-        if (number < found.size() && found[number] == nullptr)
-            found[number] = Search(child, 1u << (step + 1));
-    }
+    return false;
 }
 
 }  // namespace Platform

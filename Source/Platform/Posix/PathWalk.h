@@ -3,6 +3,7 @@
 #include <libxml/tree.h>
 
 #include <array>
+#include <functional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -16,36 +17,40 @@ using Namespaces = std::vector<std::pair<std::string, std::string>>;  // prefix 
 // The name that queries know by a prefix, the last where there are several; null where there is none.
 const std::string* NameOfNamespace(const Namespaces& namespaces, std::u16string_view prefix);
 
-// Finds the match of a path by walking the tree: what the query engine finds for the path's query, at a small
-// part of the cost. Neither path nor namespaces are copied.
+// Finds by walking the tree what the query engine finds for a path's query, at a small part of the cost.
 class PathWalk {
 public:
-    PathWalk(Path path, const Namespaces& namespaces);
+    // Of a series of names the last step's Name is what they begin with; three digits stand behind it.
+    enum class Names { Single, Series };
 
-    // False where only the engine can say what the query means: for names that need not stand in it as they
-    // are (quotes, anything but ASCII), prefixes that mean nothing, paths of more steps than MostSteps.
+    // Neither path nor namespaces are copied.
+    PathWalk(Path path, const Namespaces& namespaces, Names names = Names::Single);
+
+    // False where only the engine can say what the query means: for names that needn't stand in it as they
+    // are (quotes, anything but ASCII), for prefixes that mean nothing, for more than eight steps.
     bool IsPossible() const { return possible_; }
 
-    // The first match in document order, an element or an attribute; null when there is none.
-    xmlNodePtr Find(xmlDocPtr document) const;
-
-    // The first match of each path that has three digits behind the name of the step `numbered`. There may be
-    // no step to any depth up to that one.
-    void FindSeries(xmlDocPtr document, std::size_t numbered, std::vector<xmlNodePtr>& found) const;
-
-    static constexpr std::size_t MostSteps = 8;
+    // The first match below a node or a document, in document order, an element or an attribute; null for
+    // none.
+    xmlNodePtr First(xmlNodePtr from) const;
+    // Shows all matches, in document order, until the visitor has seen enough and says so.
+    bool Visit(xmlNodePtr from, const std::function<bool(xmlNodePtr)>& visitor) const {
+        return Search(from, 1, visitor);
+    }
 
 private:
     using Steps = unsigned;  // a set of steps, a bit each
 
     bool Fits(const xmlNode* element, std::size_t step) const;
-    xmlNodePtr Search(xmlNodePtr parent, Steps open) const;
-    void SearchSeries(xmlNodePtr parent, std::size_t step, std::size_t numbered,
-                      std::vector<xmlNodePtr>& found) const;
+    bool Search(xmlNodePtr parent, Steps open, const std::function<bool(xmlNodePtr)>& visitor) const;
 
     Path path_;
-    std::array<const std::string*, MostSteps> uris_{};  // of the steps' elements
+    Names names_;
+    std::array<const std::string*, 8> uris_{};  // of the steps' elements
     bool possible_;
 };
+
+// The number that the last three characters of a match of a series stand for.
+std::size_t NumberInSeries(const xmlNode* element);
 
 }  // namespace Platform

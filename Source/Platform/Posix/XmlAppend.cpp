@@ -27,8 +27,8 @@ bool LoadsAsItIs(const Tree& tree) {
            tree.Document->ids == nullptr;
 }
 
-// Of XML that begins with an element no part can grow together with what the root holds, and without "xml:"
-// it uses no prefix but those of the root and its own.
+// XML that begins with an element can't grow together with what the root holds, and without "xml:" it uses no
+// prefix but those of the root and its own.
 bool StandsAlone(std::string_view xml) {
     return xml.empty() || (xml.size() > 1 && xml[0] == '<' && xml[1] != '!' && xml[1] != '?' &&
                            xml.find("xml:") == xml.npos && xml.size() <= mostBytes);
@@ -45,61 +45,56 @@ std::string WrapInRoot(const xmlNode* root, std::string_view name, std::string_v
 }
 
 // Exchanges the namespaces that `from` declares for those that `to` declares in the same order.
-void RebindNamespace(xmlNsPtr& used, const xmlNode* from, const xmlNode* to) {
+template <typename Item>
+void Rebind(Item* item, const xmlNode* from, const xmlNode* to) {
     xmlNsPtr own = to->nsDef;
-    for (const xmlNs* other = from->nsDef; other != nullptr; other = other->next, own = own->next)
-        if (used == other) {
-            used = own;
-            return;
-        }
+    const xmlNs* other = from->nsDef;
+    for (; other != nullptr && other != item->ns; other = other->next) own = own->next;
+    if (other != nullptr) item->ns = own;
 }
 
-void RebindNamespaces(xmlNodePtr element, const xmlNode* from, const xmlNode* to) {
-    if (element->type != XML_ELEMENT_NODE) return;
-    RebindNamespace(element->ns, from, to);
-    for (xmlAttrPtr attribute = element->properties; attribute != nullptr; attribute = attribute->next)
-        RebindNamespace(attribute->ns, from, to);
-    for (xmlNodePtr child = element->children; child != nullptr; child = child->next)
-        RebindNamespaces(child, from, to);
+void RebindAll(xmlNodePtr node, const xmlNode* from, const xmlNode* to) {
+    if (node->type != XML_ELEMENT_NODE) return;
+    Rebind(node, from, to);
+    for (xmlAttrPtr each = node->properties; each != nullptr; each = each->next) Rebind(each, from, to);
+    for (xmlNodePtr child = node->children; child != nullptr; child = child->next) RebindAll(child, from, to);
 }
 
 void MoveChildren(xmlNodePtr from, xmlNodePtr to) {
-    while (from->children != nullptr) {
-        const xmlNodePtr child = from->children;
-        RebindNamespaces(child, from, to);
+    while (const xmlNodePtr child = from->children) {
+        RebindAll(child, from, to);
         xmlUnlinkNode(child);
         xmlAddChild(to, child);
     }
 }
 
-// A text that is to take the place of several.
-using NewText = std::unique_ptr<xmlNode, decltype(&xmlFreeNode)>;
-using JoinedTexts = std::vector<std::pair<xmlNodePtr, NewText>>;  // the first of the several, and the new one
+// The first of several texts side by side, and the text that is to take their place.
+using OwnedNode = std::unique_ptr<xmlNode, decltype(&xmlFreeNode)>;
+using JoinedTexts = std::vector<std::pair<xmlNodePtr, OwnedNode>>;
 
-bool MeetsText(const xmlNode* text) {
-    return text->type == XML_TEXT_NODE && text->next != nullptr && text->next->type == XML_TEXT_NODE;
+bool MeetsText(const xmlNode* node) {
+    return node->type == XML_TEXT_NODE && node->next != nullptr && node->next->type == XML_TEXT_NODE;
 }
 
 void JoinTextsBelow(xmlNodePtr parent, JoinedTexts& joined) {
     for (xmlNodePtr child = parent->children; child != nullptr; child = child->next) {
         if (child->type == XML_ELEMENT_NODE) JoinTextsBelow(child, joined);
         if (!MeetsText(child)) continue;
-        std::string whole(View(child->content));
         const xmlNodePtr first = child;
+        std::string whole(View(child->content));
         for (; MeetsText(child); child = child->next) whole += View(child->next->content);
-        joined.emplace_back(
-            first, NewText(xmlNewDocText(parent->doc, reinterpret_cast<const xmlChar*>(whole.c_str())),
-                           xmlFreeNode));
+        const auto* content = reinterpret_cast<const xmlChar*>(whole.c_str());
+        joined.emplace_back(first, OwnedNode(xmlNewDocText(parent->doc, content), xmlFreeNode));
     }
 }
 
 void PutInPlace(JoinedTexts& joined) noexcept {
     for (auto& [first, text] : joined) {
         while (MeetsText(first)) {
-            const NewText next(first->next, xmlFreeNode);
+            const OwnedNode next(first->next, xmlFreeNode);
             xmlUnlinkNode(next.get());
         }
-        const NewText replaced(xmlReplaceNode(first, text.release()), xmlFreeNode);
+        xmlFreeNode(xmlReplaceNode(first, text.release()));
     }
 }
 
@@ -109,10 +104,9 @@ bool AppendInPlace(Tree& tree, std::string_view name, std::string_view uri, cons
     const xmlNodePtr root = xmlDocGetRootElement(tree.Document);
     if (root == nullptr || root->next != nullptr || !IsNamed(root, name, uri)) return false;
     if (!LoadsAsItIs(tree) || !StandsAlone(xml)) return false;
-
     std::unique_ptr<Tree> added;
     if (!xml.empty()) {
-        added = ParseForMoving(WrapInRoot(root, name, xml), tree.Document->dict);
+        added = Parse(WrapInRoot(root, name, xml), Encoding::Utf8, nullptr, tree.Document->dict);
         if (!added) return true;
     }
     JoinedTexts joined;

@@ -184,18 +184,18 @@ public:
     bool selectPath(Path path, TicketNode& node) override {
         const PathWalk walk(path, namespaces_);
         if (!walk.IsPossible()) return IXMLDOMDocument2::selectPath(path, node);
-        node = NewNode(tree_, walk.Find(tree_->Document));
+        node = NewNode(tree_, walk.First(Top()));
         return true;
     }
 
     bool selectSeries(Path path, std::size_t numbered, std::span<TicketNode> nodes) override {
-        const PathWalk walk(path, namespaces_);
-        if (!walk.IsPossible()) return false;
-        WithOneMemoryError([&] {
-            std::vector<xmlNodePtr> found(nodes.size());
-            walk.FindSeries(tree_->Document, numbered, found);
-            std::ranges::transform(found, nodes.begin(),
-                                   [&](xmlNodePtr each) { return NewNode(tree_, each); });
+        const PathWalk items(path.first(numbered + 1), namespaces_, PathWalk::Names::Series);
+        const PathWalk inside(path.subspan(numbered + 1), namespaces_);
+        if (!items.IsPossible() || !inside.IsPossible()) return false;
+        items.Visit(Top(), [&](xmlNodePtr item) {
+            const std::size_t number = NumberInSeries(item);
+            if (number < nodes.size() && !nodes[number]) nodes[number] = NewNode(tree_, inside.First(item));
+            return false;
         });
         return true;
     }
@@ -209,11 +209,13 @@ public:
     }
 
 private:
+    xmlNodePtr Top() const { return reinterpret_cast<xmlNodePtr>(tree_->Document); }
+
     bool Select(const std::string& query, TicketNode& node) {
         if (query.find('\0') != query.npos) return false;
         if (!tree_->Context) tree_->Context = NewContext(*tree_, namespaces_);
         const MemoryWatch watch;
-        tree_->Context->node = reinterpret_cast<xmlNodePtr>(tree_->Document);
+        tree_->Context->node = Top();
         const xmlXPathObjectPtr found = xmlXPathEvalExpression(XmlChars(query), tree_->Context.get());
         const std::unique_ptr<xmlXPathObject, decltype(&xmlXPathFreeObject)> owner(found, xmlXPathFreeObject);
         watch.ThrowIfExhausted();

@@ -132,30 +132,20 @@ std::unique_ptr<Tree> ParseInto(ParseRecord& record, std::string_view bytes, Enc
     return tree;
 }
 
-std::unique_ptr<Tree> ParseWatched(ParseRecord& record, std::string_view bytes, Encoding encoding,
-                                   xmlDictPtr dictionary) {
+}  // namespace
+
+std::unique_ptr<Tree> Parse(std::string_view bytes, Encoding encoding, ParseError* error,
+                            xmlDictPtr dictionary) {
     // Ahead of all else that touches the library, which several threads must not be the first to use.
     static std::once_flag once;
     std::call_once(once, xmlInitParser);
     const MemoryWatch watch;
+    ParseRecord record;
     std::unique_ptr<Tree> tree = ParseInto(record, bytes, encoding, dictionary);
     watch.ThrowIfExhausted();
     if (record.OutOfMemory) ThrowResult(ResultOutOfMemory);
-    return tree;
-}
-
-}  // namespace
-
-std::shared_ptr<Tree> Parse(std::string_view bytes, Encoding encoding, ParseError* error) {
-    ParseRecord record;
-    std::shared_ptr<Tree> tree = ParseWatched(record, bytes, encoding, nullptr);
     if (!tree && error != nullptr) *error = std::move(record.Error);
     return tree;
-}
-
-std::unique_ptr<Tree> ParseForMoving(std::string_view bytes, xmlDictPtr dictionary) {
-    ParseRecord record;
-    return ParseWatched(record, bytes, Encoding::Utf8, dictionary);
 }
 
 }  // namespace Platform

@@ -11,45 +11,33 @@ namespace DeviceSpecificModule {
 namespace {
 
 constexpr PathStep rootStep = {.Element = u"psf:PrintTicket"};
+constexpr PathStep optionStep = {.Element = u"psf:Option"};
+constexpr PathStep nameStep = {.Element = u"@name"};
 constexpr PathStep valueStep = {.Element = u"psf:Value"};
 
-constexpr PathStep FeatureStep(std::u16string_view name, std::u16string_view uri) {
+constexpr PathStep FeatureStep(std::u16string_view name, std::u16string_view uri = KeywordsNamespace) {
     return {.Element = u"psf:Feature", .Name = name, .Namespace = uri};
 }
 
 constexpr auto FeatureOptionQuery(std::u16string_view feature) {
-    return std::array<PathStep, 4>{{rootStep,
-                                    FeatureStep(feature, KeywordsNamespace),
-                                    {.Element = u"psf:Option"},
-                                    {.Element = u"@name"}}};
+    return std::to_array({rootStep, FeatureStep(feature), optionStep, nameStep});
 }
 
 constexpr auto FeatureOptionQuery(std::u16string_view feature, std::u16string_view subFeature) {
-    return std::array<PathStep, 5>{{rootStep,
-                                    FeatureStep(feature, KeywordsNamespace),
-                                    FeatureStep(subFeature, DevmodeNamespace),
-                                    {.Element = u"psf:Option"},
-                                    {.Element = u"@name"}}};
+    return std::to_array(
+        {rootStep, FeatureStep(feature), FeatureStep(subFeature, DevmodeNamespace), optionStep, nameStep});
 }
 
 constexpr auto ScoredPropertyQuery(std::u16string_view feature, std::u16string_view scoredProperty) {
-    return std::array<PathStep, 5>{{rootStep,
-                                    FeatureStep(feature, KeywordsNamespace),
-                                    {.Element = u"psf:Option"},
-                                    {.Element = u"psf:ScoredProperty",
-                                     .AtAnyDepth = true,
-                                     .Name = scoredProperty,
-                                     .Namespace = KeywordsNamespace},
-                                    valueStep}};
+    const PathStep property{u"psf:ScoredProperty", true, scoredProperty, KeywordsNamespace};
+    return std::to_array({rootStep, FeatureStep(feature), optionStep, property, valueStep});
 }
-
-constexpr std::size_t parameterStep = 1;
 
 constexpr auto ParameterInitQuery(std::u16string_view name, bool useKeywordsNamespace) {
     const std::u16string_view uri = useKeywordsNamespace ? KeywordsNamespace : DevmodeNamespace;
-    return std::array<PathStep, 3>{{rootStep,
-                                    {.Element = u"psf:ParameterInit", .Name = name, .Namespace = uri},
-                                    {.Element = u"psf:Value", .AtAnyDepth = true}}};
+    return std::to_array({rootStep,
+                          {.Element = u"psf:ParameterInit", .Name = name, .Namespace = uri},
+                          {.Element = u"psf:Value", .AtAnyDepth = true}});
 }
 
 // Errors of the query itself count as no match. Lack of memory doesn't: it must not look like a missing
@@ -66,8 +54,7 @@ WideText TextOfFirst(const TicketDocument& ticket, Path path) {
     return node ? node->text() : WideText();
 }
 
-// A name of a series.
-WideText NumberedName(std::u16string_view name, std::size_t number) {
+WideText NameInSeries(std::u16string_view name, std::size_t number) {
     const DecimalText digits(1000 + static_cast<std::int64_t>(number));
     return WideText::Join({name, std::u16string_view(digits).substr(1)});
 }
@@ -99,11 +86,12 @@ WideText JoinParameterInitValues(const TicketDocument& ticket, std::u16string_vi
     WideText joined;
     if (count < 1) return joined;
     std::vector<TicketNode> nodes(static_cast<std::size_t>(count));
-    const bool found = ticket->selectSeries(ParameterInitQuery(name, false), parameterStep, nodes);
+    const bool areFound = ticket->selectSeries(ParameterInitQuery(name, false), 1, nodes);
     for (std::size_t number = 0; number < nodes.size(); ++number) {
-        WideText value;
-        if (!found) value = GetParameterInitValue(ticket, NumberedName(name, number).View(), false);
-        if (nodes[number]) value = nodes[number]->text();
+        const TicketNode& node = nodes[number];
+        const WideText value = areFound
+                                   ? node ? node->text() : WideText()
+                                   : GetParameterInitValue(ticket, NameInSeries(name, number).View(), false);
         AddPieces(joined, {value.View()});
     }
     return joined;
