@@ -252,6 +252,42 @@ TEST(TicketDocumentTest, TextsEndAt10MillionBytes) {
     EXPECT_TRUE(document->loadXML(document->xml(), &error)) << error.Reason;  // what was taken is taken again
 }
 
+// What the parser's cost would grow with the square of.
+TEST(TicketDocumentTest, ElementsAreNotCrowded) {
+    const auto refusal = [](const std::string& xml) {
+        ParseError error;
+        const bool taken = LoadTicketDocument(std::string_view(xml), error) != nullptr;
+        return taken ? "taken"
+                     : std::to_string(error.Line) + ":" + std::to_string(error.Column) + " " + error.Reason;
+    };
+    const auto many = [](const std::string& front, int count) {
+        std::string attributes;
+        for (int at = 0; at < count; ++at) attributes += " " + front + std::to_string(at) + "='=\">'";
+        return attributes;
+    };
+    const auto utf16 = [](const std::string& ascii) {
+        std::string bytes = "\xFE\xFF";
+        for (const char each : ascii) bytes.append(1, '\0').append(1, each);
+        return bytes;
+    };
+    const std::string most = "<a>\n<b" + many("c", 256) + "/></a>",
+                      tooMany = "<a>\n <b" + many("c", 257) + "/></a>";
+    const std::string tooManyReason = "2:2 an element of more than 256 attributes";
+    EXPECT_EQ(refusal(most), "taken");
+    EXPECT_EQ(refusal(tooMany), tooManyReason);
+    EXPECT_EQ(refusal(utf16(most)), "taken");
+    EXPECT_EQ(refusal(utf16(tooMany)), tooManyReason);
+    EXPECT_EQ(refusal("<a b='" + std::string(1000, '=') + "'><!--<b" + many("c", 300) + "--></a>"), "taken");
+    std::string nested, end;
+    for (int depth = 0; depth < 4; ++depth) {
+        nested += "<a" + many("xmlns:p" + std::to_string(depth) + "x", 250) + ">";
+        end += "</a>";
+    }
+    EXPECT_EQ(refusal(nested + end), "taken");
+    EXPECT_NE(refusal(nested + "<a xmlns:q='u'/>" + end).find("more than 1000 namespaces"),
+              std::string::npos);
+}
+
 TEST(TicketDocumentTest, XmlKeepsTheDocument) {
     for (const Json::Value& each : ReadCases("platform/documents.json")) {
         const TicketDocument document = Load(each[0].asString());

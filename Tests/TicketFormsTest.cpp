@@ -81,8 +81,8 @@ private:
              {"xmlns:kw", KEYWORDS_NAMESPACE},
              {"xmlns:dm", DEVMODE_NAMESPACE},
              {"xmlns", FRAMEWORK_NAMESPACE}}};
-        static constexpr std::array<const char*, 5> others = {
-            KEYWORDS_NAMESPACE, DEVMODE_NAMESPACE, FRAMEWORK_NAMESPACE, "urn:other", "urn:&quot;&amp;"};
+        static constexpr std::array<const char*, 5> others = {KEYWORDS_NAMESPACE, DEVMODE_NAMESPACE,
+                                                              FRAMEWORK_NAMESPACE, "urn:other", "urn:&quot;"};
         std::string declared;
         for (const auto& [prefix, name] : usual)
             if (Happens(percent))

@@ -75,9 +75,12 @@ public:
     // element's namespace declarations stand ahead of its attributes. loadXML takes it.
     virtual WideText xml() const = 0;
     // Replaces the document by the text, which must be namespace-well-formed XML 1.0 without a DOCTYPE, no
-    // deeper than 256 elements and with no text of more than 10 million bytes in UTF-8; for attributes and
-    // comments the limit may lie a little lower. An encoding named in it counts for nothing.
-    // False, and the document as it was, for a text that is refused; `error`, where given, then says why.
+    // deeper than 256 elements, with no text of more than 10 million bytes in UTF-8 (for attributes and
+    // comments the limit may lie a little lower), no element of more than 256 attributes, declarations of
+    // namespaces among them, no more than 1000 namespaces in scope, and none of them with "<", "&", a tab or
+    // a line end in its name. So reading costs time in proportion to the length, and what is taken once is
+    // taken again from xml(). An encoding named in the text counts for nothing. False, and the document as it
+    // was, for a text that is refused; `error`, where given, then says why.
     virtual bool loadXML(const WideText& text, ParseError* error = nullptr) = 0;
 
     // The rest could be said by the operations above, and goes by them unless a document has a cheaper way,

@@ -23,8 +23,7 @@ bool IsNamed(const xmlNode* element, std::string_view name, std::string_view uri
 // Whether the document's text loads as this very tree but for texts that meet. Identifiers are found by a
 // table that knows removed elements, too.
 bool LoadsAsItIs(const Tree& tree) {
-    return !tree.OddNamespaces && !tree.SectionsMeet && tree.Bytes <= mostBytes &&
-           tree.Document->ids == nullptr;
+    return !tree.SectionsMeet && tree.Bytes <= mostBytes && tree.Document->ids == nullptr;
 }
 
 // XML that begins with an element can't grow together with what the root holds, and without "xml:" it uses no
@@ -39,7 +38,10 @@ std::string WrapInRoot(const xmlNode* root, std::string_view name, std::string_v
     std::string wrapped = "<" + std::string(name);
     for (const xmlNs* bound = root->nsDef; bound != nullptr; bound = bound->next) {
         wrapped += bound->prefix == nullptr ? " xmlns" : " xmlns:";
-        wrapped.append(View(bound->prefix)).append("=\"").append(View(bound->href)).append("\"");
+        wrapped.append(View(bound->prefix)).append("=\"");
+        for (const char each : View(bound->href))
+            each == '"' ? wrapped.append("&quot;") : wrapped.append(1, each);
+        wrapped += '"';
     }
     return wrapped.append(">").append(xml).append("</").append(name).append(">");
 }
@@ -120,7 +122,6 @@ bool AppendInPlace(Tree& tree, std::string_view name, std::string_view uri, cons
     if (!added) return true;
     MoveChildren(xmlDocGetRootElement(added->Document), root);
     tree.Bytes += added->Bytes;
-    tree.OddNamespaces = added->OddNamespaces;
     tree.Context.reset();  // made anew it knows the order of the new elements
     return true;
 }

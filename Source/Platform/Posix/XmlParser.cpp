@@ -15,13 +15,14 @@ namespace {
 
 constexpr int mostElementsDeep = 256;
 constexpr int longestText = 10'000'000;
+constexpr int mostNamespaces = 1000;         // in scope
+constexpr std::size_t mostAttributes = 256;  // of an element, declarations of namespaces among them
 
 // What a parse must know beside its document: what went wrong first, and the text that is growing.
 struct ParseRecord {
     ParseError Error;
     bool Failed = false;
     bool OutOfMemory = false;
-    bool OddNamespaces = false;
     const xmlNode* Text = nullptr;
     int TextLength = 0;  // in bytes of UTF-8
 
@@ -38,9 +39,6 @@ struct ParseRecord {
     }
 };
 
-// The serialiser writes the names of namespaces as they are, these too.
-constexpr std::string_view charactersWithMeaning = "<&\"\t\r\n";
-
 ParseRecord& RecordOf(void* parser) {
     return *static_cast<ParseRecord*>(static_cast<xmlParserCtxtPtr>(parser)->_private);
 }
@@ -52,8 +50,11 @@ void Refuse(void* context, const char* reason) {
 }
 
 void OnParseError(void* parser, xmlErrorPtr error) {
-    // The names of namespaces needn't be addresses, only differ.
-    if (error->level < XML_ERR_ERROR || error->code == XML_WAR_NS_URI) return;
+    // The names of namespaces needn't be addresses, only differ, and what "xml:id" may hold is no matter of
+    // form.
+    for (const int ignored : {XML_WAR_NS_URI, XML_DTD_XMLID_VALUE, XML_DTD_ID_REDEFINED})
+        if (error->code == ignored) return;
+    if (error->level < XML_ERR_ERROR) return;
     ParseRecord& record = RecordOf(parser);
     if (error->code == XML_ERR_NO_MEMORY || error->message == nullptr) record.OutOfMemory = true;
     record.Note(error->line, error->int2, error->message == nullptr ? "" : error->message);
@@ -71,9 +72,11 @@ void OnElement(void* parser, const xmlChar* name, const xmlChar* prefix, const x
                const xmlChar** attributes) {
     if (static_cast<xmlParserCtxtPtr>(parser)->nodeNr >= mostElementsDeep)
         return Refuse(parser, "elements more than 256 deep");
-    for (int at = 1; at < 2 * namespaceCount; at += 2)  // prefix and name in turn
-        if (View(namespaces[at]).find_first_of(charactersWithMeaning) != std::string_view::npos)
-            RecordOf(parser).OddNamespaces = true;
+    if (static_cast<xmlParserCtxtPtr>(parser)->nsNr > 2 * mostNamespaces)  // prefix and name of each
+        return Refuse(parser, "more than 1000 namespaces in scope");
+    for (int at = 1; at < 2 * namespaceCount; at += 2)
+        if (View(namespaces[at]).find_first_of("<&\t\r\n") != std::string_view::npos)
+            return Refuse(parser, "a namespace whose name would not come back as it is");
     xmlSAX2StartElementNs(parser, name, prefix, uri, namespaceCount, namespaces, attributeCount, defaultCount,
                           attributes);
 }
@@ -88,6 +91,51 @@ void OnCharacters(void* context, const xmlChar* characters, int length) {
     xmlSAX2Characters(context, characters, length);
     record.TextLength += length;
     record.Text = parser->node == nullptr ? nullptr : parser->node->last;
+}
+
+// The bytes with one for each character of markup, where they are in UTF-16.
+std::string_view MarkupOf(std::string_view bytes, std::string& room) {
+    const bool bigEnd = bytes.starts_with("\xFE\xFF") || bytes.starts_with(std::string_view("\0<", 2));
+    if (!bigEnd && !bytes.starts_with("\xFF\xFE") && !bytes.starts_with(std::string_view("<\0", 2)))
+        return bytes;
+    for (std::size_t at = 0; at + 1 < bytes.size(); at += 2)
+        room += bytes[bigEnd ? at : at + 1] == '\0' ? bytes[bigEnd ? at + 1 : at] : '?';
+    return room;
+}
+
+// Whether a tag that begins here has more attributes than it may. Their values hold no "<".
+bool IsCrowded(std::string_view tag) {
+    if (std::ranges::count(tag, '=') <= static_cast<std::ptrdiff_t>(mostAttributes)) return false;
+    std::size_t attributes = 0;
+    for (std::size_t at = 0; at < tag.size() && tag[at] != '>'; ++at) {
+        if (tag[at] != '"' && tag[at] != '\'') continue;
+        at = std::min(tag.find(tag[at], at + 1), tag.size());
+        ++attributes;
+    }
+    return attributes > mostAttributes && tag[1] != '!' && tag[1] != '?';
+}
+
+// Where the next tag begins behind what begins here: what looks like a tag in a comment is none.
+std::size_t NextTag(std::string_view xml, std::size_t at) {
+    using Form = std::pair<std::string_view, std::string_view>;
+    for (const auto& [begin, end] : {Form{"<!--", "-->"}, Form{"<![CDATA[", "]]>"}, Form{"<?", "?>"}})
+        if (xml.substr(at).starts_with(begin)) return xml.find('<', xml.find(end, at));
+    return xml.find('<', at + 1);
+}
+
+// Refuses an element of too many attributes ahead of the parser, which compares each of them with all others.
+void RefuseCrowdedElements(std::string_view bytes, ParseRecord& record) {
+    std::string room;
+    const std::string_view xml = MarkupOf(bytes, room);
+    for (std::size_t at = xml.find('<'), next; at != xml.npos; at = next) {
+        next = NextTag(xml, at);
+        if (!IsCrowded(xml.substr(at, next - at))) continue;
+        const std::string_view before = xml.substr(0, at);
+        const auto line = 1 + std::ranges::count(before, '\n');
+        const auto column = at - (before.rfind('\n') + 1) + 1;
+        return record.Note(static_cast<int>(line), static_cast<int>(column),
+                           "an element of more than 256 attributes");
+    }
 }
 
 using Parser = std::unique_ptr<xmlParserCtxt, decltype(&xmlFreeParserCtxt)>;
@@ -117,6 +165,8 @@ std::unique_ptr<Tree> ParseInto(ParseRecord& record, std::string_view bytes, Enc
         record.Note(1, 1, "a zero character");
         return nullptr;
     }
+    RefuseCrowdedElements(bytes, record);
+    if (record.Failed) return nullptr;
     const Parser parser = NewParser(record, dictionary);
     const int options = XML_PARSE_NONET | (encoding == Encoding::Utf8 ? XML_PARSE_IGNORE_ENC : 0);
     OwnedDocument document(xmlCtxtReadMemory(parser.get(), bytes.data() == nullptr ? "" : bytes.data(),
@@ -128,7 +178,6 @@ std::unique_ptr<Tree> ParseInto(ParseRecord& record, std::string_view bytes, Enc
     if (record.Failed) return nullptr;
     auto tree = std::make_unique<Tree>(std::move(document));
     tree->Bytes = bytes.size();
-    tree->OddNamespaces = record.OddNamespaces;
     return tree;
 }
 

@@ -102,10 +102,9 @@ struct Tree {
     std::vector<xmlNodePtr> Removed;
 
     // What tells whether the document's text would load as the same tree.
-    std::size_t Bytes = 0;       // that it was made of, later additions counted
-    bool OddNamespaces = false;  // a namespace's name holds characters that mean something in XML
-    bool TextsMeet = false;      // a removal may have left texts side by side, which load as one,
-    bool SectionsMeet = false;   // or CDATA sections
+    std::size_t Bytes = 0;      // that it was made of, later additions counted
+    bool TextsMeet = false;     // a removal may have left texts side by side, which load as one,
+    bool SectionsMeet = false;  // or CDATA sections
 };
 
 }  // namespace Platform

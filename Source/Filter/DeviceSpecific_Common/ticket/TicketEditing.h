@@ -29,8 +29,9 @@ void AppendOptionDataCommand(PTConverter& converter, const OptionRecord* table, 
 // Puts XML behind all children of the ticket's root by way of the ticket's text, which is loaded anew, also
 // when there is nothing to put in; then takes the parameter "ns0000:PageDevmodeSnapshot" out. Nothing is
 // escaped or mended: a text that isn't well-formed is refused, and the document is then what it was but for
-// that parameter. Nodes taken before belong to the old document. A ticket without the root element stays
-// unchanged.
+// that parameter. So it is for a root that isn't written "psf:PrintTicket", as one in a default namespace,
+// and for one with a comment behind it: what a caller took out of such a ticket is not put back. Nodes taken
+// before belong to the old document. A ticket without the root element stays unchanged.
 void InsertTicketFragments(const TicketDocument& ticket, const WideText& fragments);
 
 }  // namespace DeviceSpecificModule
