@@ -19,8 +19,7 @@ WideText TextOf(const Json::Value& value) {
 }
 
 WideText TextOfParameter(const Json::Value& value) {
-    const bool isNumber = value.isNumeric() && !value.isBool();
-    return isNumber ? WideText(DecimalText(value.asInt())) : TextOf(value);
+    return value.isNumeric() ? WideText(DecimalText(value.asInt())) : TextOf(value);
 }
 
 }  // namespace

@@ -26,7 +26,7 @@ using SharedJson = std::shared_ptr<const Json::Value>;
 
 // The state of a conversion. One lives for each call; another, which the host keeps from call to call,
 // carries the state of a job (its role is called ConverterSnapshot). Copying copies all fields and can't
-// fail: texts and documents are shared until somebody changes his own.
+// fail: texts and documents are shared until one of their holders changes its own.
 class PTConverter {
 public:
     PTConverter() = default;
