@@ -138,5 +138,39 @@ TEST_F(PrintQueueTest, ServicesThatDoNotAnswerGiveNoName) {
     close(listening);
 }
 
+// The loader's log of a job in a process of its own tells which libraries it loads.
+TEST_F(PrintQueueTest, TheLibraryIsLoadedWhenAQueueIsAskedFirst) {
+    const std::string job = SAMPLES_DIR "/tickets/job.xml", tool = TICKETHOST " convert ";
+    const std::string initialised = "grep -q 'calling init: .*/" CUPS_SONAME "' " + folder_ + "/log.*";
+    const auto run = [&](const std::string& arguments) {
+        return std::system(("rm -f " + folder_ + "/log.*; LD_DEBUG=libs LD_DEBUG_OUTPUT=" + folder_ +
+                            "/log " + tool + arguments + job + " >" + folder_ + "/result")
+                               .c_str());
+    };
+    EXPECT_EQ(run(""), 0);
+    EXPECT_EQ(std::system(("grep -q 'calling init' " + folder_ + "/log.*").c_str()), 0) << "the log is none";
+    EXPECT_NE(std::system(initialised.c_str()), 0);
+    EXPECT_EQ(run("--pipeline PrinterName= "), 0);
+    EXPECT_NE(std::system(initialised.c_str()), 0);
+    EXPECT_EQ(run("--pipeline PrinterName=two "), 0);
+    EXPECT_EQ(std::system(initialised.c_str()), 0);
+}
+
+// The loader finds one that is no library, and one without the functions.
+TEST_F(PrintQueueTest, WithoutTheLibraryThereIsNoName) {
+    const std::string library = folder_ + "/" CUPS_SONAME;
+    const std::string job = "LD_LIBRARY_PATH=" + folder_ +
+                            " " TICKETHOST " convert --pipeline PrinterName=two " SAMPLES_DIR
+                            "/tickets/job.xml | grep -q '@PJL SET JOBNAME = \"\"'";
+    ASSERT_NO_FATAL_FAILURE(StartScheduler());
+    AddJob("two", "First");
+    std::ofstream(library) << "no library";
+    EXPECT_EQ(std::system(job.c_str()), 0);
+    fs::copy_file(MODULE_FILE, library, fs::copy_options::overwrite_existing);
+    EXPECT_EQ(std::system(job.c_str()), 0);
+    fs::remove(library);
+    EXPECT_NE(std::system(job.c_str()), 0) << "the name is there with the library";
+}
+
 }  // namespace
 }  // namespace Platform

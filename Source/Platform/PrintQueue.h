@@ -11,7 +11,8 @@ namespace Platform {
 // asked once and without proof of who asks, so nobody is ever prompted for a password.
 //
 // With CUPS the service is what CUPS_SERVER or client.conf name; a thread that has used CUPS before keeps to
-// what was found then. Throws ResultError or std::bad_alloc without memory.
+// what was found then. The CUPS library is loaded by the first call for a queue that has a name, and stays;
+// without it no print service answers. Throws ResultError or std::bad_alloc without memory.
 PLATFORM_API bool GetFirstDocumentName(const WideText& queue, WideText& name);
 
 }  // namespace Platform

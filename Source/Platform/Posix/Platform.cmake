@@ -3,7 +3,17 @@
 find_package(Threads REQUIRED)
 pkg_check_modules(LIBXML2 REQUIRED IMPORTED_TARGET libxml-2.0)
 find_package(Cups REQUIRED)
-set(platformLibraries PkgConfig::LIBXML2 ${CUPS_LIBRARIES} Threads::Threads)
+set(platformLibraries PkgConfig::LIBXML2 Threads::Threads ${CMAKE_DL_LIBS})
+
+# CUPS is loaded at first need, by the name that its builders gave it. No tool sees that in what is built here, so the
+# description of a package must name it.
+execute_process(COMMAND ${CMAKE_READELF} -d ${CUPS_LIBRARIES} OUTPUT_VARIABLE cupsHeader COMMAND_ERROR_IS_FATAL ANY)
+if(NOT cupsHeader MATCHES "\\(SONAME\\)[^[]*\\[([^]]+)\\]")
+    message(FATAL_ERROR "${CUPS_LIBRARIES} has no SONAME")
+endif()
+set(cupsSoname ${CMAKE_MATCH_1})
+set_source_files_properties(${CMAKE_CURRENT_LIST_DIR}/Cups.cpp PROPERTIES COMPILE_DEFINITIONS
+                                                                          CUPS_SONAME="${cupsSoname}")
 
 # Bound while they load: binding a function at its first call would save the registers that move blocks of bytes, and
 # so perhaps a piece of a secret, on the stack.
