@@ -9,13 +9,17 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <chrono>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <future>
 #include <optional>
+#include <string>
+#include <string_view>
 #include <thread>
+#include <vector>
 
 namespace Platform {
 namespace {
@@ -53,6 +57,7 @@ protected:
     void StartScheduler() {
         ASSERT_EQ(access("/usr/sbin/cupsd", X_OK), 0) << "there is no CUPS scheduler: install cups-daemon";
         fs::copy(TEST_DATA_DIR "/platform/cups", folder_);
+        fs::create_directory(folder_ + "/ssl");
         const std::string configuration = folder_ + "/cupsd.conf", files = folder_ + "/cups-files.conf";
         std::ofstream(configuration, std::ios::app) << "Listen " << socket_ << '\n';
         std::ofstream(files, std::ios::app) << "ServerRoot " << folder_ << '\n';
@@ -109,6 +114,15 @@ TEST_F(PrintQueueTest, TheFirstUnfinishedJobGivesTheName) {
           u"two\0"s, u"\xD800"s, std::u16string(2000, u'a')})
         EXPECT_EQ(FirstDocumentName(name), std::nullopt) << testing::PrintToString(name);
 
+    // The first encrypted connection lets the scheduler make a key, which may take long.
+    http_t* const encrypted =
+        httpConnect2(socket_.c_str(), 0, nullptr, AF_UNSPEC, HTTP_ENCRYPTION_REQUIRED, 1, 30000, nullptr);
+    EXPECT_NE(encrypted, nullptr);
+    httpClose(encrypted);
+    cupsSetEncryption(HTTP_ENCRYPTION_REQUIRED);
+    EXPECT_EQ(FirstDocumentName(u"two"), u"First");
+    cupsSetEncryption(HTTP_ENCRYPTION_IF_REQUESTED);
+
     const char* const convert =
         TICKETHOST " convert --pipeline PrinterName=two " SAMPLES_DIR "/tickets/job.xml";
     EXPECT_EQ(std::system((convert + " | grep -q '@PJL SET JOBNAME = \"First\"'"s).c_str()), 0);
@@ -118,24 +132,166 @@ TEST_F(PrintQueueTest, TheFirstUnfinishedJobGivesTheName) {
     for (auto& answer : answers) EXPECT_EQ(answer.get(), u"First");
 }
 
-// A service that is missing, one that is silent, and one that falls silent within its answer.
-TEST_F(PrintQueueTest, ServicesThatDoNotAnswerGiveNoName) {
-    EXPECT_EQ(FirstDocumentName(u"two"), std::nullopt);
+// What a service says, whatever it is asked: the start, then the rest for ever.
+struct Service {
+    const char* Name;
+    std::string Start, Again = {};
+    std::optional<std::u16string> Result = {};
+    std::chrono::milliseconds AtMost = 20s;
+    std::chrono::milliseconds Pause = 0ms;  // behind each rest or, without one, each byte of the start
+    bool Asked = true;                      // waits for the whole request
+    bool Closes = false;                    // with all said; else when the caller is done
+    http_encryption_t Encryption = HTTP_ENCRYPTION_IF_REQUESTED;
+};
 
-    sockaddr_un address{AF_UNIX, {}};
-    ASSERT_LT(socket_.copy(address.sun_path, sizeof address.sun_path), sizeof address.sun_path);
-    const int listening = socket(AF_UNIX, SOCK_STREAM, 0);
-    ASSERT_EQ(bind(listening, reinterpret_cast<const sockaddr*>(&address), sizeof address), 0);
-    ASSERT_EQ(listen(listening, 1), 0);
-    for (const std::string& start : {""s, "HTTP/1.1 200 OK\r\n"s}) {
-        auto asked = std::async(std::launch::async, FirstDocumentName, u"two");
-        const int service = accept(listening, nullptr, nullptr);
-        send(service, start.data(), start.size(), MSG_NOSIGNAL);
-        EXPECT_EQ(asked.get(), std::nullopt)
-            << start;  // by giving up, since this service stays open until then
-        close(service);
+std::string Times(std::size_t count, std::string_view text) {
+    std::string result;
+    while (count-- > 0) result += text;
+    return result;
+}
+
+// The answer that a printer gives for a job of this name, and the start of it behind which attributes may
+// follow without an end.
+std::string HttpAnswer(const std::string& body, const std::string& fields = "") {
+    return "HTTP/1.1 200 OK\r\n" + fields +
+           "Content-Type: application/ipp\r\nContent-Length: " + std::to_string(body.size()) + "\r\n\r\n" +
+           body;
+}
+const std::string ippStart =
+    "\x01\x01\0\0\0\0\0\x01"  // version, status, request
+    "\x01\x47\0\x12"
+    "attributes-charset\0\x05"
+    "utf-8"
+    "\x48\0\x1b"
+    "attributes-natural-language\0\x02"
+    "en"
+    "\x02\x21\0\x06"
+    "job-id\0\x04\0\0\0\x07"s;
+const std::string ippAnswer = ippStart + "\x42\0\x08job-name\0\x05Title\x03"s;
+const std::string upgrade = "HTTP/1.1 101 Switching Protocols\r\n";
+const std::string endlessBody = "HTTP/1.1 200 OK\r\nContent-Length: 2000000000\r\n\r\n";
+const std::string longName = endlessBody + ippStart + "\x44\x70\0"s;  // of 28,672 bytes
+
+class ListeningService {
+public:
+    explicit ListeningService(const std::string& path) {
+        sockaddr_un address{AF_UNIX, {}};
+        EXPECT_LT(path.copy(address.sun_path, sizeof address.sun_path), sizeof address.sun_path);
+        EXPECT_EQ(bind(listening_, reinterpret_cast<const sockaddr*>(&address), sizeof address), 0);
+        EXPECT_EQ(listen(listening_, 1), 0);
+        constexpr timeval patience{20, 0};
+        EXPECT_EQ(setsockopt(listening_, SOL_SOCKET, SO_RCVTIMEO, &patience, sizeof patience), 0);
     }
-    close(listening);
+    ~ListeningService() { close(listening_); }
+
+    // Serves one caller until `isDone`; gives how many bytes were taken.
+    template <class IsDone>
+    std::size_t Serve(const Service& service, IsDone isDone) const {
+        const int caller = accept(listening_, nullptr, nullptr);
+        if (service.Asked) ReadRequest(caller);
+        std::size_t taken = 0;
+        const auto say = [&](const std::string& text) {
+            for (std::size_t said = 0; said < text.size() && !isDone();) {
+                const ssize_t count =
+                    send(caller, &text[said], text.size() - said, MSG_NOSIGNAL | MSG_DONTWAIT);
+                if (count < 0 && errno != EAGAIN) return false;
+                if (count < 0) std::this_thread::sleep_for(1ms);
+                if (count > 0) said += static_cast<std::size_t>(count);
+                if (count > 0) taken += static_cast<std::size_t>(count);
+            }
+            std::this_thread::sleep_for(service.Pause);
+            return true;
+        };
+        const bool slowly = service.Pause > 0ms && service.Again.empty();
+        const std::size_t piece = slowly ? 1 : service.Start.size();
+        for (std::size_t said = 0; said < service.Start.size(); said += piece)
+            say(service.Start.substr(said, piece));
+        while (!isDone() && !service.Again.empty() && say(service.Again)) continue;
+        while (!isDone() && !service.Closes) std::this_thread::sleep_for(1ms);
+        close(caller);
+        return taken;
+    }
+
+private:
+    // To the end of the last attribute.
+    static void ReadRequest(int caller) {
+        std::string request;
+        for (char byte = 0; !request.ends_with("job-name\x03"); request += byte)
+            if (recv(caller, &byte, 1, 0) != 1) return;
+    }
+
+    const int listening_ = socket(AF_UNIX, SOCK_STREAM, 0);
+};
+
+// All at once, each on a socket of its own.
+TEST_F(PrintQueueTest, NoServiceHoldsACallForLongOrSendsWithoutEnd) {
+    constexpr auto silent = 4500ms;  // at most: less than what one that talks gets
+    const std::string goOn = "HTTP/1.1 100 Continue\r\n\r\n", ok = "HTTP/1.1 200 OK\r\n";
+    const std::string much = Times(2000, "X: " + std::string(95, 'x') + "\r\n");  // 200,000 bytes
+    const std::vector<Service> services = {
+        {.Name = "silent", .Start = "", .AtMost = silent, .Asked = false},
+        {.Name = "silent within the headers", .Start = ok, .AtMost = silent},
+        {.Name = "silent within the answer", .Start = HttpAnswer(ippAnswer).substr(0, 130), .AtMost = silent},
+        {.Name = "silent behind an upgrade", .Start = upgrade + "\r\n", .AtMost = silent},
+        {.Name = "closes at once", .Start = "", .AtMost = silent, .Asked = false, .Closes = true},
+        {.Name = "closes within the headers", .Start = ok, .AtMost = silent, .Closes = true},
+        {.Name = "closes within the answer",
+         .Start = HttpAnswer(ippAnswer).substr(0, 130),
+         .AtMost = silent,
+         .Closes = true},
+        {.Name = "nonsense", .Start = "\x01\x02nonsense\n\n", .AtMost = silent},
+        {.Name = "nonsense for an answer", .Start = HttpAnswer("nonsense, quite long"), .AtMost = silent},
+        {.Name = "an error",
+         .Start = "HTTP/1.1 404 Not Found\r\nContent-Length: 0\r\n\r\n",
+         .AtMost = silent},
+        {.Name = "a header byte now and then", .Start = ok + "X: ", .Again = "x", .Pause = 100ms},
+        {.Name = "a body byte now and then", .Start = longName, .Again = "x", .Pause = 100ms},
+        {.Name = "go on, now and then", .Start = "", .Again = goOn, .Pause = 100ms},
+        {.Name = "a byte now and then before encryption",
+         .Start = upgrade,
+         .Again = "x",
+         .Pause = 100ms,
+         .Asked = false,
+         .Encryption = HTTP_ENCRYPTION_REQUIRED},
+        {.Name = "headers without end",
+         .Start = ok,
+         .Again = "WWW-Authenticate: " + std::string(9000, 'x') + "\r\n"},
+        {.Name = "a body without end",
+         .Start = endlessBody + ippStart,
+         .Again = Times(1000, "\x44\0\x01z\0\x02zz"s)},
+        {.Name = "go on for ever", .Start = "", .Again = Times(1000, goOn)},
+        {.Name = "right", .Start = HttpAnswer(ippAnswer), .Result = u"Title"},
+        {.Name = "right, then closed", .Start = HttpAnswer(ippAnswer), .Result = u"Title", .Closes = true},
+        // 177 bytes: longer than a service may be silent.
+        {.Name = "right in pieces", .Start = HttpAnswer(ippAnswer), .Result = u"Title", .Pause = 13ms},
+        {.Name = "right behind much", .Start = HttpAnswer(ippAnswer, much), .Result = u"Title"},
+        {.Name = "right behind going on",
+         .Start = Times(9, goOn) + HttpAnswer(ippAnswer),
+         .Result = u"Title"},
+    };
+    const auto ask = [&](std::size_t index) {
+        const Service& service = services[index];
+        const std::string path = socket_ + std::to_string(index);
+        const ListeningService listening(path);
+        auto asked = std::async(std::launch::async, [&] {
+            cupsSetServer(path.c_str());
+            cupsSetEncryption(service.Encryption);
+            return FirstDocumentName(u"two");
+        });
+        const auto start = std::chrono::steady_clock::now();
+        const std::size_t taken = listening.Serve(service, [&] {
+            return asked.wait_for(0ms) == std::future_status::ready ||
+                   std::chrono::steady_clock::now() - start > 30s;
+        });
+        EXPECT_EQ(asked.get(), service.Result) << service.Name;
+        EXPECT_LT(std::chrono::steady_clock::now() - start, service.AtMost) << service.Name;
+        EXPECT_LT(taken, 1'500'000u) << service.Name;
+    };
+    std::vector<std::future<void>> done;
+    for (std::size_t index = 0; index < services.size(); ++index)
+        done.push_back(std::async(std::launch::async, ask, index));
+    for (auto& each : done) each.get();
+    EXPECT_EQ(FirstDocumentName(u"two"), std::nullopt) << "where no service is";
 }
 
 // The loader's log of a job in a process of its own tells which libraries it loads.

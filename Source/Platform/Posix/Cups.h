@@ -28,10 +28,12 @@ public:
     CUPS_FUNCTION(httpClearFields);
     CUPS_FUNCTION(httpClose);
     CUPS_FUNCTION(httpConnect2);
+    CUPS_FUNCTION(httpEncryption);
+    CUPS_FUNCTION(httpGetFd);
+    CUPS_FUNCTION(httpGetStatus);
     CUPS_FUNCTION(httpPost);
     CUPS_FUNCTION(httpSetField);
     CUPS_FUNCTION(httpSetLength);
-    CUPS_FUNCTION(httpSetTimeout);
     CUPS_FUNCTION(httpUpdate);
     CUPS_FUNCTION(ippAddInteger);
     CUPS_FUNCTION(ippAddString);

@@ -2,14 +2,19 @@
 
 #include <memory>
 #include <string>
+#include <system_error>
 
 #include "Platform/CodePages.h"
 #include "Platform/Posix/Cups.h"
+#include "Platform/Posix/Relay.h"
 
 namespace Platform {
 namespace {
 
-constexpr int timeoutMilliseconds = 2000;  // without a byte
+using namespace std::chrono_literals;
+
+constexpr std::chrono::milliseconds connecting = 2s, silence = 2s, total = 5s;
+constexpr std::size_t mostBytes = std::size_t{256} * 1024;
 
 // Only what the library made is freed, so it is there.
 struct HttpCloser {
@@ -20,15 +25,6 @@ struct IppDeleter {
 };
 using Connection = std::unique_ptr<http_t, HttpCloser>;
 using Message = std::unique_ptr<ipp_t, IppDeleter>;
-
-int GiveUp(http_t*, void*) { return 0; }
-
-Connection Connect(const Cups& cups) {
-    Connection connection(cups.httpConnect2(cups.cupsServer(), cups.ippPort(), nullptr, AF_UNSPEC,
-                                            cups.cupsEncryption(), 1, timeoutMilliseconds, nullptr));
-    if (connection) cups.httpSetTimeout(connection.get(), timeoutMilliseconds / 1000.0, GiveUp, nullptr);
-    return connection;
-}
 
 // Asks for the name of the first job that is not finished; null for a queue whose name no address can hold.
 Message NewRequest(const Cups& cups, const std::string& queue) {
@@ -68,6 +64,28 @@ Message Exchange(const Cups& cups, http_t* connection, ipp_t* request) {
     return answer;
 }
 
+// What the service answers to the request, null when it doesn't within the limits. Encryption that is agreed
+// on over a plain connection is part of the exchange; after an error there the library would send the request
+// over a new connection, past the limits.
+Message Ask(const Cups& cups, ipp_t* request) {
+    const auto end = std::chrono::steady_clock::now() + total;
+    const http_encryption_t encryption = cups.cupsEncryption();
+    const bool upgrades = encryption == HTTP_ENCRYPTION_REQUIRED;
+    const Connection connection(cups.httpConnect2(cups.cupsServer(), cups.ippPort(), nullptr, AF_UNSPEC,
+                                                  upgrades ? HTTP_ENCRYPTION_IF_REQUESTED : encryption, 1,
+                                                  static_cast<int>(connecting.count()), nullptr));
+    if (!connection) return nullptr;
+    try {
+        const Relay relay(cups.httpGetFd(connection.get()), {silence, end, mostBytes});
+        if (upgrades && (cups.httpEncryption(connection.get(), encryption) != 0 ||
+                         cups.httpGetStatus(connection.get()) >= HTTP_STATUS_BAD_REQUEST))
+            return nullptr;
+        return Exchange(cups, connection.get(), request);
+    } catch (const std::system_error&) {
+        return nullptr;  // no thread or file left
+    }
+}
+
 }  // namespace
 
 bool GetFirstDocumentName(const WideText& queue, WideText& name) {
@@ -78,9 +96,7 @@ bool GetFirstDocumentName(const WideText& queue, WideText& name) {
     if (cups == nullptr) return false;
     const Message request = NewRequest(*cups, queueName);
     if (!request) return false;
-    const Connection connection = Connect(*cups);
-    if (!connection) return false;
-    const Message answer = Exchange(*cups, connection.get(), request.get());
+    const Message answer = Ask(*cups, request.get());
     if (!answer || cups->ippGetStatusCode(answer.get()) > IPP_STATUS_OK_CONFLICTING ||
         cups->ippFindAttribute(answer.get(), "job-id", IPP_TAG_INTEGER) == nullptr)
         return false;
