@@ -1,4 +1,4 @@
-#include "Platform/Posix/Cups.h"
+#include "Cups.h"
 
 #include <dlfcn.h>
 

@@ -4,9 +4,9 @@
 #include <string>
 #include <system_error>
 
+#include "Cups.h"
 #include "Platform/CodePages.h"
-#include "Platform/Posix/Cups.h"
-#include "Platform/Posix/Relay.h"
+#include "Relay.h"
 
 namespace Platform {
 namespace {

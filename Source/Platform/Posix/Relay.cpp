@@ -1,4 +1,4 @@
-#include "Platform/Posix/Relay.h"
+#include "Relay.h"
 
 #include <fcntl.h>
 #include <poll.h>
