@@ -140,11 +140,26 @@ void RefuseCrowdedElements(std::string_view bytes, ParseRecord& record) {
 
 using Parser = std::unique_ptr<xmlParserCtxt, decltype(&xmlFreeParserCtxt)>;
 
+// The dictionary of names that a thread's last document left, for its next one. The library takes a lock of
+// the whole process to free one.
+struct KeptDictionary {
+    xmlDictPtr Kept = nullptr;
+
+    ~KeptDictionary() { xmlDictFree(Kept); }
+};
+thread_local KeptDictionary dictionaries;
+
+// Names of one thread's tickets are mostly the same; others' don't pile up.
+constexpr std::size_t mostKept = 64 * 1024;  // bytes
+
 Parser NewParser(ParseRecord& record, xmlDictPtr dictionary) {
     Parser parser(xmlNewParserCtxt(), xmlFreeParserCtxt);
     if (!parser) ThrowResult(ResultOutOfMemory);
-    if (dictionary != nullptr && xmlDictReference(dictionary) == 0)
-        xmlDictFree(std::exchange(parser->dict, dictionary));
+    if (dictionary == nullptr)
+        dictionary = std::exchange(dictionaries.Kept, nullptr);
+    else
+        xmlDictReference(dictionary);
+    if (dictionary != nullptr) xmlDictFree(std::exchange(parser->dict, dictionary));
     parser->_private = &record;
     parser->sax->serror = OnParseError;
     parser->sax->internalSubset = OnDocumentType;
@@ -182,6 +197,18 @@ std::unique_ptr<Tree> ParseInto(ParseRecord& record, std::string_view bytes, Enc
 }
 
 }  // namespace
+
+Tree::~Tree() {
+    Context.reset();
+    FreeRemoved();
+    xmlFreeNodeList(std::exchange(Document->children, nullptr));  // whose names the dictionary may hold
+    const xmlDictPtr dictionary = std::exchange(Document->dict, nullptr);
+    xmlFreeDoc(Document);
+    if (dictionaries.Kept == nullptr && xmlDictGetUsage(dictionary) <= mostKept)
+        dictionaries.Kept = dictionary;
+    else
+        xmlDictFree(dictionary);
+}
 
 std::unique_ptr<Tree> Parse(std::string_view bytes, Encoding encoding, ParseError* error,
                             xmlDictPtr dictionary) {

@@ -74,11 +74,7 @@ struct Tree {
     explicit Tree(OwnedDocument document) : Document(document.release()) {}
     Tree(const Tree&) = delete;
     Tree& operator=(const Tree&) = delete;
-    ~Tree() {
-        Context.reset();
-        FreeRemoved();
-        xmlFreeDoc(Document);
-    }
+    ~Tree();
     void FreeRemoved() noexcept {
         for (xmlNodePtr node : Removed) xmlFreeNode(node);
         Removed.clear();
