@@ -16,6 +16,13 @@ bool Equals(std::string_view bytes, std::u16string_view ascii) {
                               [](char byte) { return char16_t{static_cast<unsigned char>(byte)}; });
 }
 
+// The same for a text that ends in a zero, whose length most comparisons needn't know.
+bool Equals(const xmlChar* text, std::u16string_view ascii) {
+    return text != nullptr &&
+           std::ranges::all_of(ascii, [&text](char16_t unit) { return *text == unit && *text++ != 0; }) &&
+           *text == 0;
+}
+
 // Whether a text stands in a query for just itself. XML's own namespace is bound without a declaration.
 bool IsPlain(std::u16string_view text) {
     return text != u"http://www.w3.org/XML/1998/namespace" &&
@@ -47,7 +54,7 @@ std::string_view CountingPrefix(const xmlNode* element, std::u16string_view uri)
     const xmlNs* counting = nullptr;
     for (const xmlNode* outer = element; outer->type == XML_ELEMENT_NODE; outer = outer->parent)
         for (const xmlNs* declared = outer->nsDef; declared != nullptr; declared = declared->next)
-            if (Equals(View(declared->href), uri) && !IsHidden(declared, element, outer)) counting = declared;
+            if (Equals(declared->href, uri) && !IsHidden(declared, element, outer)) counting = declared;
     return counting == nullptr ? std::string_view() : View(counting->prefix);
 }
 
@@ -104,7 +111,7 @@ PathWalk::PathWalk(Path path, const Namespaces& namespaces, Names names)
 
 bool PathWalk::Fits(const xmlNode* element, std::size_t step) const {
     const std::u16string_view name = path_[step].Element;
-    return uris_[step] != nullptr && Equals(View(element->name), name.substr(name.find(u':') + 1)) &&
+    return uris_[step] != nullptr && Equals(element->name, name.substr(name.find(u':') + 1)) &&
            element->ns != nullptr && View(element->ns->href) == *uris_[step] &&
            HasName(element, path_[step], names_ == Names::Series && step + 1 == path_.size());
 }
