@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 #include <json/json.h>
 
-
 #include "Platform/ResultError.h"
 #include "Support.h"
 #include "conversion/JsonState.h"

@@ -29,6 +29,12 @@ bool IsPlain(std::u16string_view text) {
            std::ranges::all_of(text, [](char16_t unit) { return unit > 0 && unit < 0x80 && unit != u'\''; });
 }
 
+// Whether a text is surely the name of an element; "*" is none.
+bool IsSimpleName(std::u16string_view text) {
+    const auto isLetter = [](char16_t unit) { return (unit | 0x20) >= u'a' && (unit | 0x20) <= u'z'; };
+    return !text.empty() && std::ranges::all_of(text, isLetter);
+}
+
 xmlAttrPtr NameOf(const xmlNode* element) {
     for (xmlAttrPtr attribute = element->properties; attribute != nullptr; attribute = attribute->next)
         if (attribute->ns == nullptr && View(attribute->name) == "name") return attribute;
@@ -97,23 +103,25 @@ std::size_t NumberInSeries(const xmlNode* element) {
 }
 
 PathWalk::PathWalk(Path path, const Namespaces& namespaces, Names names)
-    : path_(path), names_(names), possible_(!path.empty() && path.size() <= uris_.size()) {
+    : path_(path), names_(names), possible_(!path.empty() && path.size() <= elements_.size()) {
     for (std::size_t step = 0; step < path.size() && possible_; ++step) {
         const PathStep& each = path[step];
         if (each.Element == nameAttribute && step > 0 && step + 1 == path.size()) break;
-        const std::u16string_view prefix = each.Element.substr(0, each.Element.find(u':'));
-        uris_[step] = NameOfNamespace(namespaces, prefix);
-        possible_ = uris_[step] != nullptr && prefix != u"xml" && prefix.size() < each.Element.size() &&
-                    IsPlain(each.Element) && IsPlain(each.Name.value_or(u"")) &&
-                    IsPlain(each.Namespace.value_or(u""));
+        const std::size_t colon = std::min(each.Element.find(u':'), each.Element.size());
+        const std::u16string_view prefix = each.Element.substr(0, colon);
+        const std::u16string_view local = each.Element.substr(std::min(colon + 1, each.Element.size()));
+        elements_[step] = {.Local = local, .Uri = NameOfNamespace(namespaces, prefix)};
+        possible_ = elements_[step].Uri != nullptr && prefix != u"xml" && IsSimpleName(local) &&
+                    IsPlain(each.Name.value_or(u"")) && IsPlain(each.Namespace.value_or(u""));
     }
 }
 
 bool PathWalk::Fits(const xmlNode* element, std::size_t step) const {
-    const std::u16string_view name = path_[step].Element;
-    return uris_[step] != nullptr && Equals(element->name, name.substr(name.find(u':') + 1)) &&
-           element->ns != nullptr && View(element->ns->href) == *uris_[step] &&
-           HasName(element, path_[step], names_ == Names::Series && step + 1 == path_.size());
+    const auto& [local, uri, known] = elements_[step];
+    if (uri == nullptr || element->ns == nullptr || !Equals(element->name, local)) return false;
+    if (element->ns != known && View(element->ns->href) != *uri) return false;
+    known = element->ns;
+    return HasName(element, path_[step], names_ == Names::Series && step + 1 == path_.size());
 }
 
 xmlNodePtr PathWalk::First(xmlNodePtr from) const {

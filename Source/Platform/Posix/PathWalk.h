@@ -44,9 +44,16 @@ private:
     bool Fits(const xmlNode* element, std::size_t step) const;
     bool Search(xmlNodePtr parent, Steps open, const std::function<bool(xmlNodePtr)>& visitor) const;
 
+    // The name of a step's element, and the last namespace that turned out to be its.
+    struct ElementName {
+        std::u16string_view Local;
+        const std::string* Uri = nullptr;
+        mutable const xmlNs* Known = nullptr;
+    };
+
     Path path_;
     Names names_;
-    std::array<const std::string*, 8> uris_{};  // of the steps' elements
+    std::array<ElementName, 8> elements_;
     bool possible_;
 };
 
