@@ -61,12 +61,15 @@ WideText WideText::Join(std::initializer_list<std::u16string_view> pieces) {
     return joined;
 }
 
-WideText::WideText(const WideText& other) noexcept : buffer_(other.buffer_), length_(other.length_) {
+WideText::WideText(const WideText& other) noexcept
+    : buffer_(other.buffer_), length_(other.length_), lacksUnits_(other.lacksUnits_) {
     if (buffer_ != nullptr) buffer_->Hold();
 }
 
 WideText::WideText(WideText&& other) noexcept
-    : buffer_(std::exchange(other.buffer_, nullptr)), length_(std::exchange(other.length_, 0)) {}
+    : buffer_(std::exchange(other.buffer_, nullptr)),
+      length_(std::exchange(other.length_, 0)),
+      lacksUnits_(std::exchange(other.lacksUnits_, false)) {}
 
 WideText& WideText::operator=(const WideText& other) noexcept {
     WideText copy(other);
@@ -76,6 +79,7 @@ WideText& WideText::operator=(const WideText& other) noexcept {
 WideText& WideText::operator=(WideText&& other) noexcept {
     std::swap(buffer_, other.buffer_);
     std::swap(length_, other.length_);
+    std::swap(lacksUnits_, other.lacksUnits_);
     return *this;
 }
 
@@ -101,8 +105,12 @@ bool WideText::GrowInPlace(std::u16string_view units) noexcept {
 }
 
 bool WideText::Append(std::u16string_view units) noexcept {
-    if (units.empty()) return true;
-    if (GrowInPlace(units)) return true;
+    const bool appended = units.empty() || GrowInPlace(units) || GrowInNewBuffer(units);
+    if (!appended) lacksUnits_ = true;
+    return appended;
+}
+
+bool WideText::GrowInNewBuffer(std::u16string_view units) noexcept {
     if (units.size() > largestCapacity - length_) return false;
     const std::size_t length = length_ + units.size();
     Buffer* buffer = NewBuffer(std::max({length, 2 * length_, smallestCapacity}));

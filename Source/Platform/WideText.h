@@ -38,8 +38,12 @@ public:
     // Adds units behind the text; they may be a view of this very text. A null text that gains units is no
     // longer null. A text that ends where its buffer's used part ends grows in place, with doubling room, so
     // a text put together from n pieces costs its length once, also while copies of earlier states are held
-    // elsewhere. Gives false, and leaves the text as it was, when there is no memory.
+    // elsewhere. Gives false, and leaves the text as it was but no longer whole, when there is no memory.
     bool Append(std::u16string_view units) noexcept;
+
+    // False once something could not be appended, for copies as well; so whoever uses a text that many have
+    // appended to can tell whether it is all there.
+    bool IsWhole() const noexcept { return !lacksUnits_; }
 
     friend bool operator==(const WideText& left, const WideText& right) noexcept {
         return left.View() == right.View();
@@ -52,9 +56,11 @@ private:
     struct Buffer;
     static Buffer* NewBuffer(std::size_t capacity) noexcept;
     bool GrowInPlace(std::u16string_view units) noexcept;
+    bool GrowInNewBuffer(std::u16string_view units) noexcept;
 
     Buffer* buffer_ = nullptr;
     std::size_t length_ = 0;
+    bool lacksUnits_ = false;
 };
 
 }  // namespace Platform

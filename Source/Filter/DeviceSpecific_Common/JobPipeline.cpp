@@ -43,8 +43,8 @@ void ReadPipeline(PTConverter& converter) {
 }
 
 // Reads the ticket's custom properties and the printer bags, runs the stages in their order, then the page
-// conversion once as the job pass, and publishes "PJL" and, behind it, "DATA". When anything is thrown,
-// neither property has been written.
+// conversion once as the job pass, and publishes "PJL" and, behind it, "DATA"; the ticket's last edit comes
+// behind both. What is thrown ahead of that leaves the two properties as they were.
 void ConvertJob(PTConverter& converter) {
     ReadCustomProperties(converter.Ticket, converter.CustomProperties);
     ReadPipeline(converter);
@@ -52,6 +52,8 @@ void ConvertJob(PTConverter& converter) {
     AppendWideChars(converter.DataText, u"\r\n");
     for (Stage* stage : stages) stage(converter, converter.Pipeline, converter.Ticket);
     ConvertPage(converter, converter.Ticket, JobPassFlags);
+    RequireWhole(converter.PjlText);
+    RequireWhole(converter.DataText);
     SetPipelineText(converter.Pipeline, u"PJL", converter.PjlText);
     SetPipelineText(converter.Pipeline, u"DATA", converter.DataText);
     RemoveTicketNode(converter.Ticket, PathToParameter(u"ns0000:PageDevmodeSnapshot"));
@@ -78,6 +80,7 @@ void ConvertTicket(PipelineBag pipelineBag, TicketDocument ticket, std::int32_t 
     converter.Tables = optionTables;
     converter.PjlText = WideText(u"");
     ConvertLevel(converter, level);
+    RequireWhole(converter.DataText);
     if (snapshot != nullptr) *snapshot = converter;
 }
 

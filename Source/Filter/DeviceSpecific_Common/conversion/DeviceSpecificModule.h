@@ -37,9 +37,17 @@ MODULE_API void DestroyPTConverterClassPointer(PTConverter* snapshot);
 //   else           the page's data lines are added, and "DATA" is replaced by all lines so far (not without
 //                  optionTables)
 //
-// Errors leave as exceptions: Platform::ResultError, Json::Exception or those of the standard library. The
-// snapshot is then exactly as it was before the call; edits of the ticket and properties made by then stay,
-// but "PJL" and "DATA" are written only once a whole conversion has succeeded.
+// Errors leave as exceptions: Platform::ResultError, Json::Exception, those of the standard library and what
+// bags and document throw. Lack of memory is ResultError (ResultOutOfMemory), except within the JSON library:
+// there it is std::bad_alloc or, for a text, Json::RuntimeError, whose words are about a "string value
+// buffer" and say nothing of the settings.
+//
+// The snapshot is then exactly as it was before the call. Edits of the ticket and properties made by then
+// stay. "PJL" and "DATA" are written, one behind the other, when the texts are complete, so an error ahead of
+// that leaves both as they were. Behind it the ticket is still edited: a job call takes the parameter
+// "ns0000:PageDevmodeSnapshot" out, a page call that and "psk:PageOutputQuality". An error there leaves the
+// new texts in place, and one of the bag while they are written may leave "PJL" new and "DATA" old, or the
+// one that was being written absent. A host that sees an error must use neither.
 //
 // Calls that share a snapshot, a ticket or a pipeline bag must not run at the same time; others may.
 MODULE_API std::int32_t ProcessDrvPT(Platform::PipelineBag pipelineBag, Platform::TicketDocument ticket,

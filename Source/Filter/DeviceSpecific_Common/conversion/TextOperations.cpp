@@ -26,6 +26,10 @@ bool AppendWideChars(WideText& target, std::u16string_view source) noexcept {
     return target.Append(source);
 }
 
+void RequireWhole(const WideText& text) {
+    if (!text.IsWhole()) ThrowResult(Platform::ResultOutOfMemory);
+}
+
 void AddPieces(WideText& target, std::initializer_list<std::u16string_view> pieces) {
     for (const std::u16string_view piece : pieces)
         if (!target.Append(piece)) ThrowResult(Platform::ResultOutOfMemory);

@@ -13,7 +13,8 @@ namespace DeviceSpecificModule {
 using Platform::ThrowResult;
 using Platform::WideText;
 
-// The three appends never throw: when there is no memory the target stays as it was.
+// The three appends never throw: when there is no memory the target stays as it was. The two of wide
+// characters leave it not whole (WideText::IsWhole), so that RequireWhole notices before it is handed on.
 
 // Widens a zero-ended text by the thread's code page and appends it. A null or empty text, and one in a code
 // page that isn't known, leave the target as it was.
@@ -25,6 +26,9 @@ void AppendWideText(WideText& target, const WideText& source) noexcept;
 // Appends characters. An empty source leaves the target as it was, except that a null target becomes an empty
 // text. False without memory.
 bool AppendWideChars(WideText& target, std::u16string_view source) noexcept;
+
+// Throws ResultError (ResultOutOfMemory) for a text that an append failed on.
+void RequireWhole(const WideText& text);
 
 // Appends the pieces, one behind the other. Throws ResultError without memory; the target may then have
 // gained some of them.

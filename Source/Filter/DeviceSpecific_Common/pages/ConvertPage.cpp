@@ -162,6 +162,7 @@ void WriteOptions(const PageRun& run) {
     WriteTicketOption(run, u"PageMediaType", run.Converter.Tables->PageMediaTypes);
     WriteTicketOption(run, u"PageInputBin", run.Converter.Tables->PageInputBins);
     WriteDuplex(run);
+    RequireWhole(run.Converter.DataText);
     if (run.Flags.PublishData) SetPipelineText(run.Converter.Pipeline, u"DATA", run.Converter.DataText);
     if (run.Flags.MergeFragments) InsertTicketFragments(run.Ticket, run.Converter.PjlText);
 }

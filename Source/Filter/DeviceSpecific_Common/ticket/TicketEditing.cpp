@@ -34,6 +34,7 @@ void AppendOptionDataCommand(PTConverter& converter, const OptionRecord* table, 
 }
 
 void InsertTicketFragments(const TicketDocument& ticket, const WideText& fragments) {
+    RequireWhole(fragments);
     if (ticket->appendToRoot(u"psf:PrintTicket", fragments))
         RemoveTicketNode(ticket, PathToParameter(u"ns0000:PageDevmodeSnapshot"));
 }

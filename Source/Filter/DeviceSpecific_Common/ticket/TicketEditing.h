@@ -31,7 +31,8 @@ void AppendOptionDataCommand(PTConverter& converter, const OptionRecord* table, 
 // escaped or mended: a text that isn't well-formed is refused, and the document is then what it was but for
 // that parameter. So it is for a root that isn't written "psf:PrintTicket", as one in a default namespace,
 // and for one with a comment behind it: what a caller took out of such a ticket is not put back. Nodes taken
-// before belong to the old document. A ticket without the root element stays unchanged.
+// before belong to the old document. A ticket without the root element stays unchanged. Throws ResultError
+// without memory, also for fragments that an append failed on.
 void InsertTicketFragments(const TicketDocument& ticket, const WideText& fragments);
 
 }  // namespace DeviceSpecificModule
