@@ -5,10 +5,22 @@
 namespace DeviceSpecificModule {
 namespace {
 
-template <typename Type>
-Type ReadProperty(const PipelineBag& bag, std::u16string_view name) {
-    Platform::PropertyValue value;
+using Platform::PropertyValue;
+
+PropertyValue Read(const PipelineBag& bag, std::u16string_view name) {
+    PropertyValue value;
     bag->GetProperty(name, value);
+    return value;
+}
+
+// Nothing where the bag says that there is nothing, whatever it wrote.
+PropertyValue ReadIfThere(const PipelineBag& bag, std::u16string_view name) {
+    PropertyValue value;
+    return bag->GetProperty(name, value) ? value : PropertyValue();
+}
+
+template <typename Type>
+Type ValueAs(const PropertyValue& value) {
     const Type* held = std::get_if<Type>(&value);
     return held == nullptr ? Type() : *held;
 }
@@ -16,7 +28,7 @@ Type ReadProperty(const PipelineBag& bag, std::u16string_view name) {
 }  // namespace
 
 WideText GetPipelineText(const PipelineBag& bag, std::u16string_view name) {
-    return ReadProperty<WideText>(bag, name);
+    return ValueAs<WideText>(Read(bag, name));
 }
 
 void SetPipelineText(const PipelineBag& bag, std::u16string_view name, const WideText& text) {
@@ -26,12 +38,15 @@ void SetPipelineText(const PipelineBag& bag, std::u16string_view name, const Wid
 
 std::shared_ptr<Platform::IPrinterPropertyBag> GetPrinterBag(const PipelineBag& bag,
                                                              std::u16string_view name) {
-    return ReadProperty<std::shared_ptr<Platform::IPrinterPropertyBag>>(bag, name);
+    return ValueAs<std::shared_ptr<Platform::IPrinterPropertyBag>>(Read(bag, name));
+}
+
+WideText GetPrinterName(const PipelineBag& bag) {
+    return ValueAs<WideText>(ReadIfThere(bag, u"PrinterName"));
 }
 
 WideText GetSubmittingUserName(const PipelineBag& bag) {
-    Platform::PropertyValue value;
-    bag->GetProperty(u"UserSecurityToken", value);
+    const PropertyValue value = ReadIfThere(bag, u"UserSecurityToken");
     const auto* token = std::get_if<Platform::TokenHandle>(&value);
     return token == nullptr ? WideText(u"") : Platform::GetNameOfUser(*token);
 }

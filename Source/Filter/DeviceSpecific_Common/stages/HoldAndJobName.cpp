@@ -57,7 +57,7 @@ WideText JobNameFromDocumentName(const WideText& documentName) {
 }
 
 void GetQueueJobName(const PipelineBag& bag, WideText& name) {
-    const WideText queue = GetPipelineText(bag, u"PrinterName");
+    const WideText queue = GetPrinterName(bag);
     WideText documentName;
     if (!queue.IsNull() && Platform::GetFirstDocumentName(queue, documentName))
         name = JobNameFromDocumentName(documentName);
