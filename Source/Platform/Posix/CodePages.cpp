@@ -32,6 +32,7 @@ std::string NameOfCodeset(const char* codeset) {
 }
 
 std::string SystemCodePageName() {
+    errno = 0;  // a locale that could not be read once is refused from then on without a reason
     locale_t environment = newlocale(LC_CTYPE_MASK, "", nullptr);
     if (environment == nullptr && errno == ENOMEM) ThrowResult(ResultOutOfMemory);
     if (environment == nullptr) return "UTF-8";  // the environment names a locale that isn't there

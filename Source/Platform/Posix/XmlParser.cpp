@@ -49,6 +49,14 @@ void Refuse(void* context, const char* reason) {
     xmlStopParser(parser);
 }
 
+// The parser takes the name of a namespace for empty when it has no memory for it. It stands behind the
+// value's end then, and of an empty value the two quotes are side by side.
+bool LacksMemoryForName(void* parser, const char* reason) {
+    const xmlParserInput* input = static_cast<xmlParserCtxtPtr>(parser)->input;
+    return std::string_view(reason).find("Empty XML namespace") != std::string_view::npos &&
+           input->cur - input->base >= 2 && input->cur[-1] != input->cur[-2];
+}
+
 void OnParseError(void* parser, xmlErrorPtr error) {
     // The names of namespaces needn't be addresses, only differ, and what "xml:id" may hold is no matter of
     // form.
@@ -56,7 +64,9 @@ void OnParseError(void* parser, xmlErrorPtr error) {
         if (error->code == ignored) return;
     if (error->level < XML_ERR_ERROR) return;
     ParseRecord& record = RecordOf(parser);
-    if (error->code == XML_ERR_NO_MEMORY || error->message == nullptr) record.OutOfMemory = true;
+    if (error->code == XML_ERR_NO_MEMORY || error->message == nullptr ||
+        LacksMemoryForName(parser, error->message))
+        record.OutOfMemory = true;
     record.Note(error->line, error->int2, error->message == nullptr ? "" : error->message);
 }
 
@@ -214,7 +224,10 @@ std::unique_ptr<Tree> Parse(std::string_view bytes, Encoding encoding, ParseErro
                             xmlDictPtr dictionary) {
     // Ahead of all else that touches the library, which several threads must not be the first to use.
     static std::once_flag once;
-    std::call_once(once, xmlInitParser);
+    std::call_once(once, [] {
+        const MemoryWatch silence;
+        xmlInitParser();
+    });
     const MemoryWatch watch;
     ParseRecord record;
     std::unique_ptr<Tree> tree = ParseInto(record, bytes, encoding, dictionary);
