@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <exception>
+#include <new>
 
 #include "Platform/Export.h"
 
@@ -30,5 +31,15 @@ private:
 
 // Throws a ResultError with this code.
 [[noreturn]] PLATFORM_API void ThrowResult(std::uint32_t code);
+
+// Gives what the function gives. Lack of memory is one error, ResultOutOfMemory, whoever notices it.
+template <typename Function>
+auto WithOneMemoryError(Function function) {
+    try {
+        return function();
+    } catch (const std::bad_alloc&) {
+        ThrowResult(ResultOutOfMemory);
+    }
+}
 
 }  // namespace Platform

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "Platform/CodePages.h"
+#include "Platform/ResultError.h"
 
 namespace Platform {
 namespace {
@@ -24,12 +25,14 @@ TokenHandle GetTokenOfUser(std::uint32_t userId) { return TokenHandle{userId}; }
 std::uint32_t GetIdOfUser(TokenHandle token) { return static_cast<std::uint32_t>(token); }
 
 WideText GetNameOfUser(TokenHandle token) {
-    std::vector<char> room(1024);
-    passwd entry{};
-    passwd* found = nullptr;
-    while (getpwuid_r(GetIdOfUser(token), &entry, room.data(), room.size(), &found) == ERANGE)
-        room.resize(2 * room.size());
-    return found == nullptr ? WideText(u"") : TextOfName(found->pw_name);
+    return WithOneMemoryError([token] {
+        std::vector<char> room(1024);
+        passwd entry{};
+        passwd* found = nullptr;
+        while (getpwuid_r(GetIdOfUser(token), &entry, room.data(), room.size(), &found) == ERANGE)
+            room.resize(2 * room.size());
+        return found == nullptr ? WideText(u"") : TextOfName(found->pw_name);
+    });
 }
 
 WideText GetNameOfComputer() {

@@ -59,7 +59,7 @@ public:
 
     bool setText(const WideText& text) override {
         if (node_->type != XML_ELEMENT_NODE && node_->type != XML_ATTRIBUTE_NODE) return false;
-        const std::string content = Utf8ForXml(text.View());
+        const std::string content = WithOneMemoryError([&] { return Utf8ForXml(text.View()); });
         tree_->MakeRoom(childNodesLength());
         tree_->Bytes += content.size();
         const MemoryWatch watch;
@@ -146,7 +146,7 @@ public:
         std::string text = Utf8(value);
         if (text == namespacesText_) return true;
         Namespaces namespaces;
-        if (!ParseNamespaces(text, namespaces)) return false;
+        if (!WithOneMemoryError([&] { return ParseNamespaces(text, namespaces); })) return false;
         tree_->Context.reset();
         namespaces_ = std::move(namespaces);
         namespacesText_ = std::move(text);
@@ -168,14 +168,17 @@ public:
         const bool failed = xmlSaveDoc(saving, tree_->Document) < 0;
         if (xmlSaveClose(saving) < 0 || failed) ThrowResult(ResultOutOfMemory);
         watch.ThrowIfExhausted();
-        std::string text = Declaration(tree_->Document->standalone);
-        text.append(reinterpret_cast<const char*>(xmlBufferContent(buffer.get())),
-                    static_cast<std::size_t>(xmlBufferLength(buffer.get())));
-        return WideOfUtf8(text);
+        return WithOneMemoryError([&] {
+            std::string text = Declaration(tree_->Document->standalone);
+            text.append(reinterpret_cast<const char*>(xmlBufferContent(buffer.get())),
+                        static_cast<std::size_t>(xmlBufferLength(buffer.get())));
+            return WideOfUtf8(text);
+        });
     }
 
     bool loadXML(const WideText& text, ParseError* error) override {
-        std::shared_ptr<Tree> tree = Parse(Utf8(text.View()), Encoding::Utf8, error);
+        std::shared_ptr<Tree> tree =
+            WithOneMemoryError([&] { return Parse(Utf8(text.View()), Encoding::Utf8, error); });
         if (!tree) return false;
         tree_ = std::move(tree);
         return true;

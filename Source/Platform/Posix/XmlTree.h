@@ -7,7 +7,6 @@
 
 #include <cstddef>
 #include <memory>
-#include <new>
 #include <string_view>
 #include <vector>
 
@@ -17,16 +16,6 @@ namespace Platform {
 
 inline std::string_view View(const xmlChar* text) {
     return text == nullptr ? std::string_view() : reinterpret_cast<const char*>(text);
-}
-
-// Gives what the function gives. Lack of memory is one error, whoever notices it.
-template <typename Function>
-auto WithOneMemoryError(Function function) {
-    try {
-        return function();
-    } catch (const std::bad_alloc&) {
-        ThrowResult(ResultOutOfMemory);
-    }
 }
 
 // Looks out for the library's running out of memory for as long as it lives, also where the library's own
@@ -79,9 +68,10 @@ struct Tree {
         for (xmlNodePtr node : Removed) xmlFreeNode(node);
         Removed.clear();
     }
-    // Makes room for keeping so many nodes more.
+    // Makes room for keeping so many nodes more. Throws ResultError.
     void MakeRoom(std::size_t count) {
-        if (Removed.capacity() - Removed.size() < count) Removed.reserve(2 * Removed.size() + count);
+        if (Removed.capacity() - Removed.size() >= count) return;
+        WithOneMemoryError([&] { Removed.reserve(2 * Removed.size() + count); });
     }
     // Unlinks a node and keeps it, where there is room.
     void Keep(xmlNodePtr node) noexcept {

@@ -24,6 +24,12 @@ WideText TextOfParameter(const Json::Value& value) {
 
 }  // namespace
 
+std::shared_ptr<Json::Value> CopyDocument(const SharedJson& document) {
+    auto copy = Platform::WithOneMemoryError([] { return std::make_shared<Json::Value>(); });
+    if (document) *copy = *document;
+    return copy;
+}
+
 bool ParseJsonText(const WideText& text, Json::Value& value) {
     if (text.IsNull()) return false;
 #pragma GCC diagnostic push
@@ -55,12 +61,10 @@ WideText LookupCustomProperty(const SharedJson& properties, std::u16string_view 
 }
 
 void LoadCommandMap(const DriverBag& bag, SharedJson& map, const WideText& series) {
-    WideText name(u"CommandMap_");
-    AppendWideText(name, series);
     WideText text;
-    if (bag) bag->GetString(name.View(), text);
+    if (bag) bag->GetString(WideText::Join({u"CommandMap_", series.View()}).View(), text);
     if (text.IsNull()) return;
-    auto loaded = map ? std::make_shared<Json::Value>(*map) : std::make_shared<Json::Value>();
+    auto loaded = CopyDocument(map);
     ParseJsonText(text, *loaded);
     map = std::move(loaded);
 }

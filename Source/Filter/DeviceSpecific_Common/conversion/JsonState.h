@@ -8,7 +8,12 @@
 
 namespace DeviceSpecificModule {
 
-// The errors of the JSON library pass through all of these as they are.
+// The errors of the JSON library pass through all of these as they are, those for lack of memory, too: it
+// throws std::bad_alloc or, where there is none for a text of its own, Json::RuntimeError. All other lack of
+// memory is ResultError.
+
+// A copy that may be changed and put in the document's place; of a null pointer a JSON null.
+std::shared_ptr<Json::Value> CopyDocument(const SharedJson& document);
 
 // Parses a text into `value`, comments allowed. False for a null text, with the value untouched, and for a
 // malformed one, with the value holding what was read ahead of the error.

@@ -35,7 +35,7 @@ void MergeRuns(const Entries& entries, std::size_t begin, std::size_t middle, st
 void SortByMerging(Entries& entries) {
     const std::size_t size = entries.size();
     Entries merged;
-    merged.reserve(size);
+    Platform::WithOneMemoryError([&] { merged.reserve(size); });
     for (std::size_t run = 1; run < size; run *= 2) {
         merged.clear();
         for (std::size_t begin = 0; begin < size; begin += 2 * run)
@@ -58,7 +58,7 @@ bool PageListPrecedes(const PerPageOrderEntry& a, const PerPageOrderEntry& b) {
 std::vector<PerPageOrderEntry> BuildPerPageOrder(Json::Value& details) {
     const Json::ArrayIndex size = details.size();
     Entries entries;
-    entries.reserve(size);
+    Platform::WithOneMemoryError([&] { entries.reserve(size); });
     for (Json::ArrayIndex position = 0; position < size; ++position)
         entries.push_back({position, ReadPageList(TextOf(details[position]["PageNumber"]).View())});
     if (size <= largestInsertion) {

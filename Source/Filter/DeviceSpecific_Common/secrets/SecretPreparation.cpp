@@ -79,7 +79,9 @@ WideText ProtectJobSecret(const PTConverter& converter, const WideText& secret) 
     }
     const std::string digits =
         Encipher(BytesOfSecret(secret, converter.SecretIsHexText == 1), seed.Value, id);
-    return WideText(std::u16string(digits.begin(), digits.end()));
+    WideText text;
+    ConvertToWide(Platform::CodePage::Utf8, digits, text);
+    return text;
 } catch (const std::bad_alloc&) {
     ThrowResult(Platform::ResultOutOfMemory);
 }

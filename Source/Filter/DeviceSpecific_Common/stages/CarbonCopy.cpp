@@ -1,7 +1,5 @@
 #include "stages/CarbonCopy.h"
 
-#include <string>
-
 #include "conversion/JsonState.h"
 #include "conversion/TextOperations.h"
 #include "stages/FeatureEngine.h"
@@ -23,12 +21,11 @@ constexpr Tray trays[] = {
     {u"CarbonCopyTrayLCT", u"TRAY5"}, {u"CarbonCopyTrayManual", u"MANUALFEED"},
 };
 
-std::u16string TrayList(const SharedJson& settings) {
-    std::u16string list;
+WideText TrayList(const SharedJson& settings) {
+    WideText list;
     for (const Tray& tray : trays) {
         if (LookupCustomProperty(settings, tray.Key) != u"On") continue;
-        if (!list.empty()) list += u',';
-        list += tray.Word;
+        AddPieces(list, {list.IsEmpty() ? u"" : u",", tray.Word});
     }
     return list;
 }
@@ -41,7 +38,7 @@ void AppendCarbonCopy(const SharedJson& settings, KeywordCommandTable types, std
     const WideText type = LookupCustomProperty(settings, u"CarbonCopyType");
     if (const KeywordCommand* row = FindKeyword(types, type.View())) AppendWideChars(pjl, row->Command);
     WideText command(format);
-    FillFirstPlaceholder(command, TrayList(settings));
+    FillFirstPlaceholder(command, TrayList(settings).View());
     AppendWideText(pjl, command);
 }
 

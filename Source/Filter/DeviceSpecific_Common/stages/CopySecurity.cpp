@@ -1,7 +1,6 @@
 #include "stages/CopySecurity.h"
 
 #include <span>
-#include <string>
 
 #include "conversion/JsonState.h"
 #include "conversion/TextOperations.h"
@@ -86,21 +85,18 @@ constexpr StringRow stringRows[] = {
 // The fields to print, of which the device wants a fixed number.
 class FieldList {
 public:
-    void Add(std::u16string_view word) {
-        if (count_++ != 0) list_ += u',';
-        list_ += word;
-    }
+    void Add(std::u16string_view word) { AddPieces(list_, {count_++ == 0 ? u"" : u",", word}); }
 
     // The list with the free slots marked. Without any word it begins with a comma.
-    std::u16string Completed() const {
+    WideText Completed() const {
         constexpr int slots = 8;
-        std::u16string list = list_;
-        for (int slot = count_; slot < slots; ++slot) list += u",OFF";
+        WideText list = list_;
+        for (int slot = count_; slot < slots; ++slot) AddPieces(list, {u",OFF"});
         return list;
     }
 
 private:
-    std::u16string list_;
+    WideText list_;
     int count_ = 0;
 };
 
@@ -149,7 +145,7 @@ void AppendNumber(const SharedJson& settings, std::u16string_view format, FieldL
 
 void AppendFields(const FieldList& fields, std::u16string_view format, WideText& pjl) {
     WideText command(format);
-    FillFirstPlaceholder(command, fields.Completed());
+    FillFirstPlaceholder(command, fields.Completed().View());
     AppendWideText(pjl, command);
 }
 

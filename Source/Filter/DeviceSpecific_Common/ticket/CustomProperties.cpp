@@ -29,7 +29,7 @@ std::int32_t GetCustomCount(const TicketDocument& ticket, std::u16string_view le
 
 void ReadCustomProperties(const TicketDocument& ticket, SharedJson& properties) {
     if (!ticket) return;
-    auto merged = properties ? std::make_shared<Json::Value>(*properties) : std::make_shared<Json::Value>();
+    auto merged = CopyDocument(properties);
     for (const Series& series : allSeries) {
         const WideText joined =
             JoinParameterInitValues(ticket, series.PiecePrefix, GetCustomCount(ticket, series.Level));

@@ -85,7 +85,8 @@ WideText JoinParameterInitValues(const TicketDocument& ticket, std::u16string_vi
     if (count > mostNumbers) throw std::length_error("string too long");
     WideText joined;
     if (count < 1) return joined;
-    std::vector<TicketNode> nodes(static_cast<std::size_t>(count));
+    std::vector<TicketNode> nodes;
+    Platform::WithOneMemoryError([&] { nodes.resize(static_cast<std::size_t>(count)); });
     const bool areFound = ticket->selectSeries(ParameterInitQuery(name, false), 1, nodes);
     for (std::size_t number = 0; number < nodes.size(); ++number) {
         const TicketNode& node = nodes[number];
