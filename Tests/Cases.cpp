@@ -25,6 +25,10 @@ std::string Narrow(const WideText& text) {
     return text.IsNull() ? "(null)" : narrow;
 }
 
+ThreadCodePage::ThreadCodePage(std::string_view name) { Platform::SetThreadCodePage(name); }
+
+ThreadCodePage::~ThreadCodePage() { Platform::SetThreadCodePage(""); }
+
 Json::Value ReadCases(const std::string& file) {
     std::ifstream stream(TEST_DATA_DIR "/" + file);
     Json::Value cases;

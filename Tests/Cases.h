@@ -20,6 +20,15 @@ using Platform::WideText;
 WideText Wide(std::string_view text);
 std::string Narrow(const WideText& text);
 
+// The calling thread's code page while it lives; afterwards it is the locale's again, as other tests expect.
+class ThreadCodePage {
+public:
+    explicit ThreadCodePage(std::string_view name);
+    ThreadCodePage(const ThreadCodePage&) = delete;
+    ThreadCodePage& operator=(const ThreadCodePage&) = delete;
+    ~ThreadCodePage();
+};
+
 // The cases of a file below Tests/Data: a JSON list that is not empty.
 Json::Value ReadCases(const std::string& file);
 

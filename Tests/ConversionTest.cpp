@@ -32,12 +32,15 @@ TEST(TextOperations, KeepTheirContracts) {
     EXPECT_EQ(Narrow(text),
               "\xC3\xA4"
               "b");
-    Platform::SetThreadCodePage("no such page");
-    AppendNarrowText(text, "\xC3\xA4");
-    EXPECT_TRUE(WideFromNarrow("\xC3\xA4").IsNull());
-    Platform::SetThreadCodePage("ISO-8859-1");
-    AppendNarrowText(text, "\xE4");
-    Platform::SetThreadCodePage("");
+    {
+        const ThreadCodePage unknown("no such page");
+        AppendNarrowText(text, "\xC3\xA4");
+        EXPECT_TRUE(WideFromNarrow("\xC3\xA4").IsNull());
+    }
+    {
+        const ThreadCodePage latin("ISO-8859-1");
+        AppendNarrowText(text, "\xE4");
+    }
     EXPECT_EQ(Narrow(text),
               "\xC3\xA4"
               "b\xC3\xA4");

@@ -18,6 +18,7 @@ namespace {
 
 using namespace std::string_literals;
 using DeviceSpecificModule::Narrow, DeviceSpecificModule::ReadCases, DeviceSpecificModule::Wide;
+using DeviceSpecificModule::ThreadCodePage;
 
 TEST(WideTextTest, NullAndEmptyTexts) {
     alignas(WideText) const unsigned char zeros[sizeof(WideText)] = {};
@@ -90,7 +91,7 @@ std::u16string FromHex(const Json::Value& each, const char* name) {
 
 TEST(CodePagesTest, WhatHasNoFormIsReplaced) {
     for (const Json::Value& each : ReadCases("platform/codepages.json")) {
-        SetThreadCodePage(each["page"].asString());
+        const ThreadCodePage page(each["page"].asString());
         const std::u16string units = FromHex(each, "bytes");
         const std::string bytes(units.begin(), units.end());
         std::string narrow;
@@ -111,7 +112,7 @@ TEST(CodePagesTest, SecretsBecomeTheSameBytes) {
         u"aZ~\\\u00E9\u20AC\u00CA\u0304\u030C\u304B\u309A\u6F22\uAC00\uFFFD\xD83D\xDE00\xD840\xDC0B\0";
     std::mt19937 random(5);
     for (const char* page : pages) {
-        SetThreadCodePage(page);
+        const ThreadCodePage own(page);
         for (int round = 0; round < 300; ++round) {
             std::u16string units;
             for (std::size_t length = random() % 12; length > 0; --length)
@@ -123,13 +124,12 @@ TEST(CodePagesTest, SecretsBecomeTheSameBytes) {
             EXPECT_EQ(whole, pieces) << page << " " << Narrow(WideText(units));
         }
     }
-    SetThreadCodePage("no such page");
+    const ThreadCodePage unknown("no such page");
     EXPECT_FALSE(ConvertSecretFromWide(CodePage::Thread, u"a", [](std::string_view) { FAIL(); }));
-    SetThreadCodePage("");
 }
 
 TEST(CodePagesTest, EachThreadHasItsOwn) {
-    SetThreadCodePage("no such page");
+    const ThreadCodePage unknown("no such page");
     std::string bytes = "old";
     WideText text(u"old");
     EXPECT_FALSE(ConvertFromWide(CodePage::Thread, u"a", bytes) || bytes != "old");
@@ -137,7 +137,7 @@ TEST(CodePagesTest, EachThreadHasItsOwn) {
     EXPECT_TRUE(ConvertToWide(CodePage::Utf8, "\xC3\xA9", text) && text == u"\u00E9");
     setenv("LC_ALL", "C", 1);
     EXPECT_TRUE(ConvertToWide(CodePage::System, "\xC3\xA8", text) && text == u"\u00E8");
-    SetThreadCodePage("ISO-8859-1");
+    const ThreadCodePage latin("ISO-8859-1");
     EXPECT_TRUE(ConvertToWide(CodePage::Thread, "\xC3\xA9", text) && text == u"\u00C3\u00A9");
     std::thread([&text] { EXPECT_TRUE(ConvertToWide(CodePage::Thread, "\xC3\xA9", text)); }).join();
     EXPECT_TRUE(text == u"\u00E9");

@@ -12,6 +12,7 @@
 #include <string>
 #include <vector>
 
+#include "Cases.h"
 #include "Host/MemoryBags.h"
 #include "Platform/CodePages.h"
 #include "secrets/HexText.h"
@@ -184,7 +185,8 @@ TEST(SecretMemory, HoldsNothingOfASecretAfterTheCall) {
 #if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
     GTEST_SKIP() << "sanitizers keep copies of what the program holds, in terabytes of memory";
 #endif
-    setenv("LC_ALL", "C", 1);  // a system of UTF-8
+    setenv("LC_ALL", "C", 1);          // a system of UTF-8
+    const ThreadCodePage locales("");  // for the tests that follow; what runs here sets another
     constexpr int longestByChance = 5;
     struct Case {
         const char* Name;

@@ -163,8 +163,8 @@ TEST(SecretPreparation, TakesTheKeyFromThePassphrase) {
 }
 
 TEST(SecretPreparation, EnciphersTheBytesOfTheSecret) {
-    setenv("LC_ALL", "C", 1);                   // a system of UTF-8
-    Platform::SetThreadCodePage("ISO-8859-1");  // which the thread's code page is not
+    setenv("LC_ALL", "C", 1);                  // a system of UTF-8
+    const ThreadCodePage latin("ISO-8859-1");  // which the thread's code page is not
     PTConverter converter = MakeConverter("[1,2]");
     for (const Json::Value& row : ReadCases("secrets/secrets.json")) {
         std::string secret, digits;
@@ -179,7 +179,6 @@ TEST(SecretPreparation, EnciphersTheBytesOfTheSecret) {
                   Protected(bytes, SeedOfRow(2)))
             << row;
     }
-    Platform::SetThreadCodePage("");
     EXPECT_TRUE(BytesFromHexText(std::u16string_view(u"0011").substr(0, 3)).empty());
 }
 
