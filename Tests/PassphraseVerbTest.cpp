@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 #include <json/writer.h>
 #include <pty.h>
+#include <signal.h>
 #include <sys/wait.h>
 #include <termios.h>
 #include <unistd.h>
@@ -18,7 +19,7 @@ int EndOf(int status) { return WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMS
 TEST(PassphraseVerb, WrapsAndChecksWhatComesIn) {
     for (const Json::Value& row : ReadCases("secrets/passphrases.json")) {
         const std::string command =
-            "(" + row[0].asString() + ") | " TICKETHOST " passphrase " + row[1].asString() + " 2>&1";
+            "(" + row[0].asString() + ") | '" TICKETHOST "' passphrase " + row[1].asString() + " 2>&1";
         std::FILE* pipe = popen(command.c_str(), "r");
         ASSERT_NE(pipe, nullptr);
         std::string output;
@@ -38,6 +39,8 @@ std::pair<int, std::string> RunAtTerminal(const char* command, const Steps& step
     int terminal = -1;
     const pid_t child = forkpty(&terminal, nullptr, nullptr, nullptr);
     if (child == 0) {
+        // What was ignored where the tests were started would be ignored here too.
+        for (const int number : {SIGINT, SIGTERM, SIGHUP, SIGQUIT, SIGTSTP}) signal(number, SIG_DFL);
         execl("/bin/sh", "sh", "-mc", command, nullptr);
         _exit(99);
     }
@@ -66,16 +69,15 @@ std::pair<int, std::string> RunAtTerminal(const char* command, const Steps& step
 
 TEST(PassphraseVerb, HidesWhatIsTypedAtATerminal) {
     const std::string abc = ReadCases("secrets/passphrases.json")[0][3].asString().substr(0, 32);
-    const char *const prompt = "Passphrase: ", *const verb = "exec " TICKETHOST " passphrase";
+    const char *const prompt = "Passphrase: ", *const verb = "exec '" TICKETHOST "' passphrase";
     EXPECT_EQ(RunAtTerminal(verb, {{prompt, "abc\n"}}), std::pair(0, "\r\n" + abc + "\r\n"));
     EXPECT_EQ(RunAtTerminal(verb, {{prompt, std::string(300, 'x') + "\n"}}).first, 2);
     EXPECT_EQ(RunAtTerminal(verb, {{prompt, "\x04"}}).first, 2);  // end of input
     EXPECT_EQ(RunAtTerminal(verb, {{prompt, "ab\x03"}}).first, -SIGINT);
     // Stopped, with echo on meanwhile, and continued.
-    const char* const stopped = TICKETHOST " passphrase; stty -a | grep -o ' echo ' && fg";
-    EXPECT_EQ(
-        RunAtTerminal(stopped, {{prompt, "ab\x1A"}, {" echo \r\n" TICKETHOST " passphrase\r\n", "abc\n"}}),
-        std::pair(0, "\r\n" + abc + "\r\n"));
+    const char* const stopped = "'" TICKETHOST "' passphrase; stty -a | grep -o ' echo ' && fg";
+    EXPECT_EQ(RunAtTerminal(stopped, {{prompt, "ab\x1A"}, {" passphrase\r\n", "abc\n"}}),
+              std::pair(0, "\r\n" + abc + "\r\n"));
 }
 
 }  // namespace

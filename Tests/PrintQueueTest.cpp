@@ -124,7 +124,7 @@ TEST_F(PrintQueueTest, TheFirstUnfinishedJobGivesTheName) {
     cupsSetEncryption(HTTP_ENCRYPTION_IF_REQUESTED);
 
     const char* const convert =
-        TICKETHOST " convert --pipeline PrinterName=two " SAMPLES_DIR "/tickets/job.xml";
+        "'" TICKETHOST "' convert --pipeline PrinterName=two '" SAMPLES_DIR "/tickets/job.xml'";
     EXPECT_EQ(std::system((convert + " | grep -q '@PJL SET JOBNAME = \"First\"'"s).c_str()), 0);
 
     std::future<std::optional<std::u16string>> answers[4];
