@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <cstdint>
 #include <cstdio>
 #include <memory>
 #include <random>
@@ -18,7 +19,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::size_t largestInput = std::size_t{1} << 30;
+constexpr std::uintmax_t largestInput = std::uintmax_t{1} << 30;
+constexpr const char* tooLarge = "larger than 1 GiB";
 
 struct CloseFile {
     void operator()(std::FILE* file) const { std::fclose(file); }
@@ -35,61 +37,78 @@ std::error_code LastError() { return {errno, std::generic_category()}; }
     throw OutputError(file.string() + ": " + cause.message());
 }
 
-// A file that is removed at the end, unless it has got another name by then.
-class TemporaryFile {
-public:
-    explicit TemporaryFile(fs::path path) : path_(std::move(path)) {}
-    TemporaryFile(const TemporaryFile&) = delete;
-    TemporaryFile& operator=(const TemporaryFile&) = delete;
-    ~TemporaryFile() {
-        std::error_code ignored;
-        fs::remove(path_, ignored);
-    }
-
-    const fs::path& Path() const { return path_; }
-
-private:
-    fs::path path_;
-};
-
-void WriteNewFile(const fs::path& file, std::string_view bytes) {
-    FileHandle stream(Platform::OpenFile(file, "wbx"));
-    const bool written = stream && std::fwrite(bytes.data(), 1, bytes.size(), stream.get()) == bytes.size() &&
-                         std::fclose(stream.release()) == 0;
-    if (!written) FailToWrite(file, LastError());
-}
-
 constexpr const char* pjlFile = "job.pjl";
 constexpr const char* dataFile = "job.data";
 constexpr const char* propertiesFile = "properties.json";
+constexpr std::string_view ticketEnd = "-ticket.xml";
 
-void WriteText(const fs::path& file, const Platform::WideText& text) {
-    if (!text.IsNull()) ReplaceFile(file, ToUtf8(text));
+// Whether the results of some job have a file of this name.
+bool IsNameOfResult(std::string_view name) {
+    if (name == pjlFile || name == dataFile || name == propertiesFile) return true;
+    const std::size_t digits = std::min(name.find_first_not_of("0123456789"), name.size());
+    return digits >= 3 && name.substr(digits) == ticketEnd;
+}
+
+// The names of all results in the folder, whichever job they are of.
+std::set<std::string> FindResults(const fs::path& folder) {
+    std::set<std::string> names;
+    std::error_code error;
+    for (fs::directory_iterator entry(folder, error); !error && entry != fs::directory_iterator();
+         entry.increment(error))
+        if (const std::string name = entry->path().filename().string(); IsNameOfResult(name))
+            names.insert(name);
+    if (error) FailToWrite(folder, error);
+    return names;
+}
+
+void RefuseFolder(const fs::path& file) {
+    std::error_code ignored;
+    if (fs::symlink_status(file, ignored).type() == fs::file_type::directory)
+        FailToWrite(file, std::make_error_code(std::errc::is_a_directory));
+}
+
+// Makes a folder that nobody else uses.
+fs::path MakeFolderIn(const fs::path& parent) {
+    for (std::error_code error;;) {
+        fs::path folder = parent / (".unfinished-" + std::to_string(std::random_device()()));
+        if (fs::create_directory(folder, error)) return folder;
+        if (error) FailToWrite(parent, error);
+    }
+}
+
+// Refuses what must not be opened, since opening a pipe, for one, may take for ever. What isn't there passes.
+void RefuseUnlessRegular(const fs::path& file) {
+    std::error_code error;
+    const fs::file_status status = fs::status(file, error);
+    if (!fs::exists(status)) return;
+    if (fs::is_directory(status)) FailToRead(file, std::make_error_code(std::errc::is_a_directory));
+    if (!fs::is_regular_file(status)) throw InputError(file.string(), "not a regular file");
 }
 
 }  // namespace
 
 std::string ReadFile(const fs::path& file) {
-    std::error_code ignored;
-    if (fs::is_directory(file, ignored)) FailToRead(file, std::make_error_code(std::errc::is_a_directory));
+    RefuseUnlessRegular(file);
     const FileHandle stream(Platform::OpenFile(file, "rb"));
     if (!stream) FailToRead(file, LastError());
+    std::error_code error;
+    const std::uintmax_t size = fs::file_size(file, error);
+    if (error) FailToRead(file, error);
+    if (size > largestInput) throw InputError(file.string(), tooLarge);
     std::string bytes;
+    bytes.reserve(static_cast<std::size_t>(size));
     char room[65536];
     while (const std::size_t count = std::fread(room, 1, sizeof room, stream.get())) {
+        if (bytes.size() + count > largestInput) throw InputError(file.string(), tooLarge);
         bytes.append(room, count);
-        if (bytes.size() > largestInput) throw InputError(file.string(), "larger than 1 GiB");
     }
     if (std::ferror(stream.get()) != 0) FailToRead(file, LastError());
     return bytes;
 }
 
-void ReplaceFile(const fs::path& file, std::string_view bytes) {
-    const TemporaryFile temporary(fs::path(file) += ".part" + std::to_string(std::random_device()()));
-    WriteNewFile(temporary.Path(), bytes);
-    std::error_code error;
-    fs::rename(temporary.Path(), file, error);
-    if (error) FailToWrite(file, error);
+FileOutput::~FileOutput() {
+    std::error_code ignored;
+    if (!unfinished_.empty()) fs::remove_all(unfinished_, ignored);
 }
 
 void FileOutput::Begin(const Job& job, const PipelineProperties&) {
@@ -97,25 +116,50 @@ void FileOutput::Begin(const Job& job, const PipelineProperties&) {
     std::error_code error;
     fs::create_directories(folder_, error);
     if (error) FailToWrite(folder_, error);
-    for (const char* name : {pjlFile, dataFile, propertiesFile}) {
-        fs::remove(folder_ / name, error);
-        if (error) FailToWrite(folder_ / name, error);
-    }
+    for (const std::string& name : FindResults(folder_)) RefuseFolder(folder_ / name);
+    unfinished_ = MakeFolderIn(folder_);
+}
+
+void FileOutput::Write(const std::string& name, std::string_view bytes) {
+    FileHandle stream(Platform::OpenFile(unfinished_ / name, "wbx"));
+    const bool written = stream && std::fwrite(bytes.data(), 1, bytes.size(), stream.get()) == bytes.size() &&
+                         std::fclose(stream.release()) == 0;
+    if (!written) FailToWrite(folder_ / name, LastError());
+    written_.insert(name);
+}
+
+void FileOutput::WriteText(const std::string& name, const Platform::WideText& text) {
+    if (!text.IsNull()) Write(name, ToUtf8(text));
 }
 
 void FileOutput::Take(const CallResult& result) {
     std::string number = std::to_string(result.Number);
     number.insert(0, digits_ - number.size(), '0');
-    WriteText(folder_ / (number + "-ticket.xml"), result.TicketAfter);
+    WriteText(number.append(ticketEnd), result.TicketAfter);
 }
 
 void FileOutput::End(const PipelineProperties& final) {
-    WriteText(folder_ / pjlFile, FindText(final, u"PJL"));
-    WriteText(folder_ / dataFile, FindText(final, u"DATA"));
+    WriteText(pjlFile, FindText(final, u"PJL"));
+    WriteText(dataFile, FindText(final, u"DATA"));
     std::ostringstream properties;
     WriteProperties(properties, final, 0);
     properties << "\n";
-    ReplaceFile(folder_ / propertiesFile, properties.str());
+    Write(propertiesFile, properties.str());
+    Publish();
+}
+
+void FileOutput::Publish() {
+    std::error_code error;
+    for (const std::string& name : written_) {
+        fs::rename(unfinished_ / name, folder_ / name, error);
+        if (error) FailToWrite(folder_ / name, error);
+    }
+    for (const std::string& name : FindResults(folder_)) {
+        if (written_.contains(name)) continue;
+        RefuseFolder(folder_ / name);
+        fs::remove(folder_ / name, error);
+        if (error) FailToWrite(folder_ / name, error);
+    }
 }
 
 }  // namespace TicketHost

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <filesystem>
+#include <set>
 #include <string>
 #include <string_view>
 
@@ -8,12 +9,10 @@
 
 namespace TicketHost {
 
-// The bytes of a file. Throws InputError for a folder, a file that can't be read and one of more than 1 GiB.
+// The bytes of a file. Throws InputError for what is no regular file, such as a folder, a pipe or a device,
+// for a file that can't be read and for one of more than 1 GiB. All but a file that grows meanwhile is
+// refused before it is read.
 std::string ReadFile(const std::filesystem::path& file);
-
-// Puts a file with these bytes in place of what is there, in one step: they are written under another name in
-// the same folder first. Throws OutputError; the file is then as it was and the other one gone.
-void ReplaceFile(const std::filesystem::path& file, std::string_view bytes);
 
 // Writes a job's results as they are into a folder, which it makes:
 //
@@ -21,18 +20,31 @@ void ReplaceFile(const std::filesystem::path& file, std::string_view bytes);
 //   job.pjl, job.data    "PJL" and "DATA" as the last call left them, in UTF-8; absent when the property is
 //   properties.json      all properties as the last call left them
 //
-// Files of these names are replaced, each in one step. The last three of an earlier job are removed before
-// the first call, so that none of them is taken for this job's when it fails. Throws OutputError.
+// Of an earlier job all these stay as they are until End, calls that throw included; a run that doesn't come
+// that far leaves them alone. Until then the new ones stand in a folder ".unfinished-NUMBER" in there. End
+// moves them to their places, each in one step, and then removes what else of these names is there, with any
+// number of digits from three on. A link of such a name is replaced or removed, not followed; a folder is
+// refused before the first call. Nothing else in the folder is touched. Throws OutputError, which names the
+// file by its final name.
 class FileOutput final : public ResultSink {
 public:
     explicit FileOutput(std::filesystem::path folder) : folder_(std::move(folder)) {}
+    FileOutput(const FileOutput&) = delete;
+    FileOutput& operator=(const FileOutput&) = delete;
+    ~FileOutput() override;
 
     void Begin(const Job& job, const PipelineProperties& initial) override;
     void Take(const CallResult& result) override;
     void End(const PipelineProperties& final) override;
 
 private:
+    void Write(const std::string& name, std::string_view bytes);
+    void WriteText(const std::string& name, const Platform::WideText& text);
+    void Publish();
+
     std::filesystem::path folder_;
+    std::filesystem::path unfinished_;  // empty while there is none
+    std::set<std::string> written_;     // the names of the files in there
     std::size_t digits_ = 3;
 };
 

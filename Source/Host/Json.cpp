@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <sstream>
 
 #include "Host/Errors.h"
 #include "Host/Texts.h"
@@ -74,6 +75,13 @@ struct WriteValue {
     void operator()(const std::shared_ptr<Platform::IPrinterPropertyBag>&) const {}
 };
 
+// The escape of a character below U+10000.
+std::string EscapeOf(char32_t character) {
+    std::string escape = "\\u";
+    for (int shift = 12; shift >= 0; shift -= 4) escape += "0123456789abcdef"[(character >> shift) & 15];
+    return escape;
+}
+
 bool IsPrinterBag(const Platform::PropertyValue& value) {
     return std::holds_alternative<std::shared_ptr<Platform::IPrinterPropertyBag>>(value);
 }
@@ -101,10 +109,29 @@ JsonWriter::JsonWriter(std::ostream& out) : out_(out) {
     writer_.reset(builder.newStreamWriter());
 }
 
-void JsonWriter::Write(const std::string& text) { writer_->write(text, &out_); }
+// The JSON library passes on, as JSON may, DEL and what acts on the display beyond ASCII. All of it is within
+// a text, where it may as well stand as an escape.
+void JsonWriter::Write(const std::string& text) {
+    std::ostringstream written;
+    writer_->write(text, &written);
+    const std::string_view bytes = written.view();
+    std::size_t sent = 0;
+    for (std::size_t at = 0; at < bytes.size();) {
+        const auto [code, length] = FirstCharacter(bytes.substr(at));
+        if (length > 0 && ActsOnDisplay(code)) {
+            out_ << bytes.substr(sent, at - sent) << EscapeOf(code);
+            sent = at + length;
+        }
+        at += std::max<std::size_t>(length, 1);
+    }
+    out_ << bytes.substr(sent);
+}
 
 void JsonWriter::Write(const Platform::WideText& text) {
-    writer_->write(text.IsNull() ? Json::Value() : ToUtf8(text), &out_);
+    if (text.IsNull())
+        out_ << "null";
+    else
+        Write(ToUtf8(text));
 }
 
 void WriteProperties(std::ostream& out, const PipelineProperties& properties, int indent) {

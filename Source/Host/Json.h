@@ -16,7 +16,8 @@ namespace TicketHost {
 // InputError with line and column of the first fault; `file` is only the name in it.
 Json::Value ReadJson(const std::string& file, std::string_view bytes);
 
-// Writes texts to a stream as JSON in UTF-8.
+// Writes texts to a stream as JSON in UTF-8. What acts on a display (Texts.h) stands as its escape, as in
+// \u009b.
 class JsonWriter {
 public:
     explicit JsonWriter(std::ostream& out);

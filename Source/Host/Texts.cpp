@@ -13,12 +13,15 @@ using Platform::WideText;
 
 bool BeginsCharacter(char byte) { return (static_cast<unsigned char>(byte) & 0xC0) != 0x80; }
 
-std::string NameOfControl(unsigned char code) {
+// Two hexadecimal digits for what a byte can hold, else four.
+std::string NameOfCode(char32_t code) {
     if (code == 0x1B) return "<ESC>";
     if (code == '\r') return "<CR>";
     if (code == '\n') return "<LF>";
-    constexpr char digits[] = "0123456789ABCDEF";
-    return {'<', '0', 'x', digits[code >> 4], digits[code & 15], '>'};
+    std::string name = code < 0x100 ? "<0x" : "<U+";
+    for (int shift = code < 0x100 ? 4 : 12; shift >= 0; shift -= 4)
+        name += "0123456789ABCDEF"[(code >> shift) & 15];
+    return name + '>';
 }
 
 bool AreSame(std::monostate, std::monostate) { return true; }
@@ -68,20 +71,42 @@ Platform::WideText FromUtf8(std::string_view bytes) {
 
 std::u16string UnitsOf(std::string_view bytes) { return std::u16string(FromUtf8(bytes).View()); }
 
+bool ActsOnDisplay(char32_t character) {
+    struct Range {
+        char32_t First, Last;
+    };
+    constexpr Range ranges[] = {{0, 0x1F},        {0x7F, 0x9F},     {0x061C, 0x061C},
+                                {0x200E, 0x200F}, {0x2028, 0x202E}, {0x2066, 0x2069}};
+    return std::ranges::any_of(ranges, [character](const Range& range) {
+        return range.First <= character && character <= range.Last;
+    });
+}
+
+Character FirstCharacter(std::string_view bytes) {
+    const auto first = static_cast<unsigned char>(bytes[0]);
+    if (first < 0x80) return {first, 1};
+    const std::size_t length = first < 0xC0 ? 0 : first < 0xE0 ? 2 : first < 0xF0 ? 3 : first < 0xF8 ? 4 : 0;
+    if (length == 0 || bytes.size() < length) return {first, 0};
+    char32_t code = first & (0x7F >> length);
+    for (const char next : bytes.substr(1, length - 1)) {
+        if (BeginsCharacter(next)) return {first, 0};
+        code = code << 6 | (static_cast<unsigned char>(next) & 0x3F);
+    }
+    constexpr char32_t smallest[] = {0, 0, 0x80, 0x800, 0x10000};  // of so many bytes
+    const bool isCharacter = code >= smallest[length] && code < 0x110000 && (code < 0xD800 || code > 0xDFFF);
+    return isCharacter ? Character{code, length} : Character{first, 0};
+}
+
 std::string Visible(std::string_view bytes) {
     std::string visible;
     visible.reserve(bytes.size());
-    for (std::size_t at = 0; at < bytes.size(); ++at) {
-        const auto code = static_cast<unsigned char>(bytes[at]);
-        const auto next = static_cast<unsigned char>(at + 1 < bytes.size() ? bytes[at + 1] : 0);
-        if (code < 0x20 || code == 0x7F) {
-            visible += NameOfControl(code);
-        } else if (code == 0xC2 && next >= 0x80 && next < 0xA0) {
-            visible += NameOfControl(next);  // U+0080 to U+009F, which terminals obey too
-            ++at;
-        } else {
-            visible += bytes[at];
-        }
+    while (!bytes.empty()) {
+        const auto [code, length] = FirstCharacter(bytes);
+        if (length == 0 || ActsOnDisplay(code))
+            visible += NameOfCode(code);
+        else
+            visible += bytes.substr(0, length);
+        bytes.remove_prefix(std::max<std::size_t>(length, 1));
     }
     return visible;
 }

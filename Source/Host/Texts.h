@@ -19,8 +19,20 @@ Platform::WideText FromUtf8(std::string_view bytes);
 // The same as plain units, which names are.
 std::u16string UnitsOf(std::string_view bytes);
 
-// UTF-8 made fit for one line of a terminal: control characters become <ESC>, <CR> and <LF>, and those
-// without a name here their codes, as in <0x07>.
+// Whether a character acts on what shows it rather than be shown: control characters, and what ends a line or
+// changes the direction of a text that stands beside it.
+bool ActsOnDisplay(char32_t character);
+
+// The character at the front of UTF-8 bytes, of which there is at least one.
+struct Character {
+    char32_t Code;      // the byte, if it begins no character
+    std::size_t Bytes;  // how many it takes; 0 if the byte begins no character
+};
+Character FirstCharacter(std::string_view bytes);
+
+// UTF-8 made fit for one line of a terminal: what acts on the display becomes <ESC>, <CR> and <LF>, and what
+// has no name here its code, as in <0x07> and <U+202E>; bytes that belong to no character likewise, as in
+// <0xE4>.
 std::string Visible(std::string_view bytes);
 
 // How many characters UTF-8 bytes hold; each counts for one column of a terminal.

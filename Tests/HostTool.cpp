@@ -1,0 +1,54 @@
+#include "HostTool.h"
+
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cstdlib>
+#include <fstream>
+#include <sstream>
+
+namespace TicketHost {
+namespace fs = std::filesystem;
+
+HostTool::HostTool() : folder_(testing::TempDir() + "tickethost-" + std::to_string(getpid())) {
+    fs::create_directories(folder_);
+}
+
+HostTool::~HostTool() { fs::remove_all(folder_); }
+
+void HostTool::Write(const std::string& name, const std::string& bytes) {
+    std::ofstream(folder_ / name, std::ios::binary) << bytes;
+}
+
+std::string HostTool::Read(const std::string& name) const {
+    std::ifstream file(folder_ / name, std::ios::binary);
+    EXPECT_TRUE(file) << name;
+    std::ostringstream bytes;
+    bytes << file.rdbuf();
+    return bytes.str();
+}
+
+HostTool::Outcome HostTool::RunShell(const std::string& line, const std::string& output) {
+    Write("line", "ulimit -t 10\n" + line);
+    const std::string command = "cd '" + folder_.string() +
+                                "' && TOOL='" TICKETHOST "' timeout 60 sh ./line >" + output + " 2>errors";
+    const int status = std::system(command.c_str());
+    return {WEXITSTATUS(status), output == "output" ? Read(output) : "", Read("errors")};
+}
+
+HostTool::Outcome HostTool::Run(const std::string& arguments, const std::string& output) {
+    return RunShell("exec \"$TOOL\" " + arguments, output);
+}
+
+std::map<std::string, std::string> HostTool::Contents(const std::string& folder) const {
+    std::map<std::string, std::string> contents;
+    for (const fs::directory_entry& entry : fs::directory_iterator(folder_ / folder)) {
+        const std::string name = entry.path().filename().string();
+        contents[name] = entry.is_symlink()     ? "(link)"
+                         : entry.is_directory() ? "(folder)"
+                                                : Read(folder + "/" + name);
+    }
+    return contents;
+}
+
+}  // namespace TicketHost

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <map>
+#include <string>
+
+namespace TicketHost {
+
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+inline constexpr bool isSanitized = true;  // the program then holds terabytes of addresses
+#else
+inline constexpr bool isSanitized = false;
+#endif
+
+// Runs of the tool in a folder of their own, which is gone at the end.
+class HostTool : public testing::Test {
+protected:
+    struct Outcome {
+        int Status;  // a shell's
+        std::string Output, Errors;
+    };
+
+    HostTool();
+    ~HostTool() override;
+
+    void Write(const std::string& name, const std::string& bytes);
+    std::string Read(const std::string& name) const;
+
+    // A shell's line in the folder, where $TOOL is the tool. The output goes to a file of the folder, or "&3"
+    // and the like. Ends after a minute, and whatever it starts after ten seconds of computing.
+    Outcome RunShell(const std::string& line, const std::string& output = "output");
+    // The tool with these arguments, quoted for a shell.
+    Outcome Run(const std::string& arguments, const std::string& output = "output");
+
+    // What a folder holds: a file's bytes by its name, "(link)" and "(folder)".
+    std::map<std::string, std::string> Contents(const std::string& folder) const;
+
+    const std::filesystem::path folder_;
+};
+
+}  // namespace TicketHost
