@@ -8,6 +8,7 @@
 
 #include <cstdio>
 
+#include "HostTool.h"
 #include "Support.h"
 
 namespace DeviceSpecificModule {
@@ -28,6 +29,35 @@ TEST(PassphraseVerb, WrapsAndChecksWhatComesIn) {
         EXPECT_EQ(EndOf(pclose(pipe)), row[2].asInt()) << row;
         EXPECT_EQ(output, row[3].asString()) << row;
     }
+}
+
+using PassphraseFile = TicketHost::HostTool;
+
+// What the file holds, the exit status for "abc" on the standard input, what is shown.
+TEST_F(PassphraseFile, IsCheckedAsATextIs) {
+    const std::string abc = ReadCases("secrets/passphrases.json")[0][3].asString().substr(0, 32);
+    const char* const noStored =
+        "tickethost: stored.txt: not a stored passphrase, which is 32 hexadecimal digits or a multiple of "
+        "that\n";
+    const std::tuple<std::string, int, std::string> rows[] = {
+        {abc, 0, "matches\n"},
+        {abc + "\n", 0, "matches\n"},
+        {abc + "\r\n", 0, "matches\n"},
+        {"2" + abc.substr(1), 1, "does not match\n"},
+        {abc + "\n\n", 2, noStored},
+        {" " + abc, 2, noStored},
+        {"", 2, noStored},
+    };
+    for (const auto& [stored, status, shown] : rows) {
+        Write("stored.txt", stored);
+        const Outcome outcome = RunShell("printf abc | \"$TOOL\" passphrase --check-file stored.txt");
+        EXPECT_EQ(outcome.Output + outcome.Errors, shown) << stored;
+        EXPECT_EQ(outcome.Status, status) << stored;
+    }
+    EXPECT_EQ(Run("passphrase --check-file none.txt").Errors,
+              "tickethost: none.txt: No such file or directory\n");
+    EXPECT_EQ(Run("passphrase --check-file stored.txt --check " + abc).Errors,
+              "tickethost: --check-file excludes --check (tickethost --help tells more)\n");
 }
 
 // What to wait for, and what to type then: unseen, so echo must be off.

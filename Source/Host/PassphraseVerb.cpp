@@ -7,6 +7,7 @@
 #include <system_error>
 
 #include "Host/Errors.h"
+#include "Host/Files.h"
 #include "Host/StandardStreams.h"
 #include "Host/Texts.h"
 #include "Host/Verbs.h"
@@ -62,12 +63,12 @@ int PrintStored() {
     return 0;
 }
 
-// Looks at the stored text before it asks for the passphrase.
-int CheckStored(const std::string& text) {
+// Looks at the stored text, which came from `source`, before it asks for the passphrase.
+int CheckStored(const std::string& source, std::string_view text) {
     const std::u16string stored = UnitsOf(text);
     const std::size_t length = BytesFromHexText(stored).size();
     if (length == 0 || length % AesBlockBytes != 0)
-        throw InputError("--check",
+        throw InputError(source,
                          "not a stored passphrase, which is 32 hexadecimal digits or a multiple of that");
     Wiped<PassphraseBytes> expected, given;
     UnwrapPassphrase(stored, expected.Value);
@@ -78,25 +79,39 @@ int CheckStored(const std::string& text) {
     return matches ? 0 : 1;
 }
 
+// Where the stored text to check stands; neither: there is nothing to check.
+struct PassphraseOptions {
+    std::optional<std::string> Text, File;
+};
+
+int RunPassphrase(const PassphraseOptions& options) {
+    if (options.File) return CheckStored(*options.File, WithoutLineEnd(ReadFile(*options.File)));
+    if (options.Text) return CheckStored("--check", *options.Text);
+    return PrintStored();
+}
+
 }  // namespace
 
 void AddPassphraseVerb(CLI::App& app, Action& action) {
-    const auto stored = std::make_shared<std::optional<std::string>>();
+    const auto options = std::make_shared<PassphraseOptions>();
     CLI::App* verb =
         app.add_subcommand("passphrase", "Wraps a queue's passphrase for \"encryptionPassphrase\"")
             ->group("Verbs");
-    verb->add_option("--check", *stored, "Say whether this stored text stands for the passphrase")
-        ->type_name("TEXT");
+    CLI::Option* file = verb->add_option("--check-file", options->File,
+                                         "Say whether the stored text in this file stands for the passphrase")
+                            ->type_name("FILE");
+    verb->add_option("--check", options->Text,
+                     "The same for this text, which every user of this machine can read meanwhile")
+        ->type_name("TEXT")
+        ->excludes(file);
     verb->footer(
         "Reads a passphrase of 1 to 20 bytes: all of the standard input or, from a terminal, one line that\n"
         "isn't shown; a line end behind the passphrase doesn't count. Prints the text to store. With\n"
-        "--check it says instead whether the two match, and the exit status is 0 if so and 1 if not.\n"
+        "--check-file it says instead whether the two match, and the exit status is 0 if so and 1 if not.\n"
         "\n"
-        "  tickethost passphrase\n"
-        "  printf %s \"$PASSPHRASE\" | tickethost passphrase --check \"$STORED\"");
-    verb->callback([&action, stored] {
-        action = [stored] { return stored->has_value() ? CheckStored(**stored) : PrintStored(); };
-    });
+        "  tickethost passphrase >stored.txt\n"
+        "  printf %s \"$PASSPHRASE\" | tickethost passphrase --check-file stored.txt");
+    verb->callback([&action, options] { action = [options] { return RunPassphrase(*options); }; });
 }
 
 }  // namespace TicketHost
