@@ -1,4 +1,8 @@
-# What this platform brings along: its libraries, and how its linker is told what a library exports.
+# What this platform brings along: its libraries, how its compiler and linker guard what they build, and how the linker
+# is told what a library exports.
+
+include(CheckCXXCompilerFlag)
+include(CheckPIESupported)
 
 find_package(Threads REQUIRED)
 pkg_check_modules(LIBXML2 REQUIRED IMPORTED_TARGET libxml-2.0)
@@ -18,6 +22,27 @@ set_source_files_properties(${CMAKE_CURRENT_LIST_DIR}/Cups.cpp PROPERTIES COMPIL
 # Bound while they load: binding a function at its first call would save the registers that move blocks of bytes, and
 # so perhaps a piece of a secret, on the stack.
 add_link_options(-Wl,--as-needed -Wl,-z,now)
+
+# Against attackers: what is bound is then read-only, the stack holds no code, programs load anywhere too, frames that
+# were overrun end the process, and formats are constants.
+check_pie_supported()
+add_link_options(-Wl,-z,relro -Wl,-z,noexecstack)
+add_compile_options(-fstack-protector-strong -Wformat -Werror=format-security)
+
+# Only some processors follow calls and jumps. The linker marks an object for shadow stacks itself, because the C
+# library's start files, which are fit for them, don't say so everywhere.
+check_cxx_compiler_flag(-fcf-protection=full FOLLOWS_CALLS)
+if(FOLLOWS_CALLS)
+    add_compile_options(-fcf-protection=full)
+    add_link_options(-Wl,-z,shstk)
+endif()
+
+# The C library checks sizes in optimised code alone, and hides calls from sanitizers by that.
+string(TOUPPER "CMAKE_CXX_FLAGS_${CMAKE_BUILD_TYPE}" flagsOfType)
+set(allFlags "${CMAKE_CXX_FLAGS} ${${flagsOfType}}")
+if(allFlags MATCHES "-O[1-3gsf]" AND NOT allFlags MATCHES "-fsanitize")
+    add_compile_options(-U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2)
+endif()
 
 # Lets a library export what the list names, no more. What nothing defines fails here and not at load time.
 function(set_exports library list)

@@ -1,0 +1,97 @@
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <regex>
+#include <string>
+
+// What the compiler and the linker must have done against attackers to everything that users run, read back
+// from the built objects by readelf, which stands beside every linker.
+
+namespace {
+
+std::string OutputOf(const std::string& command) {
+    std::FILE* pipe = popen(("LC_ALL=C " + command).c_str(), "r");
+    std::string output;
+    for (int byte = 0; pipe != nullptr && (byte = std::fgetc(pipe)) != EOF;)
+        output += static_cast<char>(byte);
+    EXPECT_TRUE(pipe != nullptr && pclose(pipe) == 0) << command;
+    return output;
+}
+
+struct Guard {
+    const char* Name;
+    const char* Options;  // of readelf
+    const char* Pattern;  // of a line that must be there
+};
+
+constexpr const char* objects[] = {PLATFORM_FILE, MODULE_FILE, TICKETHOST};
+
+constexpr Guard guards[] = {
+    {"loads anywhere", "-h", "Type: +DYN "},
+    {"all bound at load time", "-d", "\\(FLAGS\\) +BIND_NOW"},
+    {"what is bound can't be written to", "-l", "^ +GNU_RELRO "},
+    {"the stack holds no code", "-l", "^ +GNU_STACK .* RW +0x"},
+    {"overrun stack frames end the process", "--dyn-syms", " UND __stack_chk_fail@"},
+    {"works with a shadow stack", "-n", "x86 feature: .*SHSTK"},
+};
+
+TEST(Hardening, StandsInEveryObject) {
+    for (const std::string object : objects) {
+        for (const auto& [name, options, pattern] : guards) {
+            const std::string said = OutputOf("readelf -W " + std::string(options) + " '" + object + "'");
+            const std::regex line(pattern, std::regex::multiline);
+            EXPECT_TRUE(std::regex_search(said, line)) << object << ": " << name;
+        }
+        // Memory is never both written to and run, and code is never rewritten while it loads.
+        const std::string segments = OutputOf("readelf -Wl '" + object + "'");
+        EXPECT_FALSE(std::regex_search(segments, std::regex(" RWE? *E +0x"))) << object;
+        EXPECT_EQ(OutputOf("readelf -Wd '" + object + "'").find("TEXTREL"), std::string::npos) << object;
+    }
+}
+
+// Libraries come from the system and from beside the object, wherever that was put, and from nowhere else.
+TEST(Hardening, LibrariesAreSoughtBesideTheObjectOnly) {
+    const std::regex path(R"(\((?:RPATH|RUNPATH)\)\s+Library \w+: \[(.*)\])");
+    for (const std::string object : objects) {
+        const std::string dynamic = OutputOf("readelf -Wd '" + object + "'");
+        for (std::sregex_iterator found(dynamic.begin(), dynamic.end(), path), end; found != end; ++found)
+            EXPECT_TRUE((*found)[1] == "$ORIGIN" || (*found)[1] == "$ORIGIN/../lib")
+                << object << ": " << found->str();
+    }
+}
+
+// Jumps through pointers may go only to where the compiler said that they may. The note that says so for a
+// whole object needs the C library's start files to be built like that, which not every system's are; so look
+// at what is exported.
+TEST(Hardening, ExportedFunctionsAreMarkedAsTargets) {
+    for (const std::string object : {PLATFORM_FILE, MODULE_FILE}) {
+        const std::string code = OutputOf("objdump -d --no-show-raw-insn '" + object + "'");
+        const std::string symbols = OutputOf("readelf -W --dyn-syms '" + object + "'");
+        const std::regex exported(R"(: 0*([1-9a-f][0-9a-f]*) .* FUNC +GLOBAL +DEFAULT +\d+ (\w+))");
+        int count = 0;
+        for (std::sregex_iterator found(symbols.begin(), symbols.end(), exported), end; found != end;
+             ++found) {
+            const std::string target = " " + (*found)[1].str() + ":\tendbr64";
+            EXPECT_NE(code.find(target), code.npos) << object << ": " << (*found)[2];
+            ++count;
+        }
+        EXPECT_GE(count, 13) << object;
+    }
+}
+
+// The C library's checks of sizes that the compiler knows need an optimised build and don't go with
+// sanitizers.
+TEST(Hardening, CallsOfTheLibraryAreChecked) {
+#if !defined(__OPTIMIZE__) || defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+    GTEST_SKIP() << "only in optimised builds without a sanitizer";
+#elif !defined(_FORTIFY_SOURCE)
+    FAIL() << "no _FORTIFY_SOURCE";
+#else
+    EXPECT_EQ(_FORTIFY_SOURCE, 2);
+    // The only library of ours that makes calls whose sizes the compiler can't follow to the end.
+    const std::string symbols = OutputOf("readelf -W --dyn-syms '" PLATFORM_FILE "'");
+    EXPECT_TRUE(std::regex_search(symbols, std::regex(R"( UND __\w+_chk@)")));
+#endif
+}
+
+}  // namespace
