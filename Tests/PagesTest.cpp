@@ -29,6 +29,10 @@ TEST(ConvertPage, UsesTheRowsThatTheHostHandsIn) {
         << host.Property(u"PJL");
     EXPECT_EQ(host.Data(), "\r\nPage_0\r\n" + CustomLines("%s", "210", "custom\r\n"));
 
+    host.Run(JobLevel, MakeTicket(Settings(R"({"features":{"OutPSizeW":"14800"}})")));
+    EXPECT_TRUE(host.Property(u"PJL").ends_with("STRINGCODESET = UTF8\r\n<148 x 210>"))
+        << host.Property(u"PJL");
+
     host.Run(JobLevel, MakeTicket(Settings(R"({"features":{"OutPSize":"ISOA4"}})")));
     EXPECT_TRUE(host.Property(u"PJL").ends_with("STRINGCODESET = UTF8\r\nfour-in-one A4"))
         << host.Property(u"PJL");

@@ -51,11 +51,26 @@ std::string Protected(std::string plain, const std::string& seed) {
     return Hex(Blocks(plain.append(count, static_cast<char>(count - 1)), seed));
 }
 
-// The seed of a built-in row, or of the fallback for -1.
+std::string FromHex(const std::string& digits) {
+    std::string bytes(digits.size() / 2, '\0');
+    OPENSSL_hexstr2buf_ex(BytesOf(bytes), bytes.size(), nullptr, digits.c_str(), '\0');
+    return bytes;
+}
+
+// The rows of the key records as the data file has them: identifiers, stored seed.
+const Json::Value& KeyRecordRows() {
+    static const Json::Value rows = ReadCases("secrets/key-records.json");
+    return rows;
+}
+
+// The working seed of a row, or of the fallback for -1: every other stored byte counts from the end.
 std::string SeedOfRow(int row) {
-    KeySeed seed{};
-    PermuteKeyRecord(seed, (row < 0 ? std::end(KeyRecordTable) : KeyRecordTable)[row].StoredSeed);
-    return {seed.begin(), seed.end()};
+    const Json::ArrayIndex count = KeyRecordRows().size();
+    const Json::ArrayIndex index = row < 0 ? count - 1 : Json::ArrayIndex(row);
+    const std::string stored = FromHex(KeyRecordRows()[index][2].asString());
+    std::string seed(20, '\0');
+    for (std::size_t at = 0; at < 20; ++at) seed[at % 2 == 0 ? at / 2 : 19 - at / 2] = stored.at(at);
+    return seed;
 }
 
 template <typename Function>
@@ -96,6 +111,24 @@ TEST(EncryptionId, IsReadGenerouslyAndNamesTheRecord) {
             converter.Queue = MakeQueue(flag, Protected("abc", wrappingSeed));
             EXPECT_EQ(Narrow(ProtectJobSecret(converter, WideText(u"secret"))), expected) << text << flag;
         }
+    }
+}
+
+// A secondary identifier of 0 asks for the first row of the group.
+TEST(KeyRecords, AreThoseWrittenDown) {
+    const Json::Value& rows = KeyRecordRows();
+    ASSERT_EQ(rows.size(), std::size(KeyRecordTable));
+    int first = 0;
+    for (int row = 0; row < static_cast<int>(rows.size()); ++row) {
+        const auto& [primary, secondary, seed] = KeyRecordTable[row];
+        EXPECT_EQ(Json::Value(primary), rows[row][0]) << row;
+        EXPECT_EQ(Json::Value(secondary), rows[row][1]) << row;
+        EXPECT_EQ(Hex({seed.begin(), seed.end()}), rows[row][2].asString()) << row;
+        if (rows[row][0] != rows[first][0]) first = row;
+        const std::string id = "[" + rows[row][0].asString() + "," + rows[row][1].asString() + "]";
+        EXPECT_EQ(Narrow(ProtectJobSecret(MakeConverter(id), WideText(u"secret"))),
+                  Protected("secret", SeedOfRow(secondary == 0 ? first : row)))
+            << row;
     }
 }
 
@@ -172,11 +205,9 @@ TEST(SecretPreparation, EnciphersTheBytesOfTheSecret) {
             secret += row[0].asString();
             digits += row[3].asString();
         }
-        std::string bytes(digits.size() / 2, '\0');
-        OPENSSL_hexstr2buf_ex(BytesOf(bytes), bytes.size(), nullptr, digits.c_str(), '\0');
         converter.SecretIsHexText = row[1].asInt();
         EXPECT_EQ(Narrow(ProtectJobSecret(converter, row[0].isNull() ? WideText() : Wide(secret))),
-                  Protected(bytes, SeedOfRow(2)))
+                  Protected(FromHex(digits), SeedOfRow(2)))
             << row;
     }
     EXPECT_TRUE(BytesFromHexText(std::u16string_view(u"0011").substr(0, 3)).empty());
