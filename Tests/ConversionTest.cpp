@@ -45,6 +45,11 @@ TEST(TextOperations, KeepTheirContracts) {
               "\xC3\xA4"
               "b\xC3\xA4");
 
+    const std::u16string_view endless(u"x", SIZE_MAX / 4);  // refused by its length, never read
+    EXPECT_FALSE(AppendWideChars(text, endless));
+    EXPECT_THROW(WideText{endless}, Platform::ResultError);
+    EXPECT_EQ(text.Length(), 3u);
+
     WideText format(u"<%s|%s>");
     FillFirstPlaceholder(format, u"%s%s");
     FillFirstPlaceholder(format, {});

@@ -85,6 +85,34 @@ TEST(ConvertDocument, EndsAtTheSameTicketWhenRunOnItsOwnOutput) {
     }
 }
 
+// A host's table may lack any size: a custom one then stays as the ticket has it, another goes out of it.
+TEST(Convert, GoesOnWithoutTheRowOfASize) {
+    OptionRecord rows[2];
+    rows[0].Keyword = WideText(u"ROC16K");
+    rows[0].TicketFragment = WideText(u"<hosts-own/>");
+    const struct {
+        const char *Settings, *Size;
+        bool HasFragment;
+    } cases[] = {
+        {R"("OutPSize":"CustomMediaSize","OutPSizeW":"14800","OutPSizeH":"21000")", "psk:ISOA4", false},
+        {R"("OutPSize":"ISOA4","Layout":"Bl4in1")", "(null)", false},
+        {R"("OutPSize":"ROC16K")", "(null)", true},
+    };
+    for (const auto& row : cases) {
+        TestHost host;
+        host.Tables.PageMediaSizes = rows;
+        const std::string children = Settings("{\"features\":{" + std::string(row.Settings) + "}}") +
+                                     Feature("psk:PageMediaSize", "psk:ISOA4");
+        host.Run(JobLevel, MakeTicket(children));
+        EXPECT_EQ(host.Data(), "\r\nPage_0\r\n") << row.Settings;
+        EXPECT_TRUE(host.Property(u"PJL").ends_with("STRINGCODESET = UTF8\r\n")) << row.Settings;
+        const TicketDocument document = MakeTicket(children);
+        host.Run(DocumentLevel, document);
+        EXPECT_EQ(Narrow(GetFeatureOptionName(document, u"PageMediaSize")), row.Size) << row.Settings;
+        EXPECT_EQ(Narrow(document->xml()).find("<hosts-own/>") != std::string::npos, row.HasFragment);
+    }
+}
+
 TEST(ConvertDocument, LeavesTheTicketAloneWithoutASizeTable) {
     const std::string children =
         Feature("psk:PageMediaSize", "psk:ISOA4") + Parameter("ns0000:PageDevmodeSnapshot", "x");

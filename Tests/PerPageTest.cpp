@@ -80,6 +80,7 @@ TEST(PerPageWriters, MovePagesByTheTabSheetsInsertedSoFar) {
     FillPageRange(noPlace, entry, tabs);
     EXPECT_EQ(tabs.InsertedTabCount, 4u);
     EXPECT_TRUE(BuildRangeTemplate(u"").IsEmpty() && BuildRangeTemplate(u"7") == u"%s");
+    EXPECT_TRUE(BuildRangeTemplate(u"1,2-") == u"%s,%s-" && BuildRangeTemplate(u"1-2,") == u"%s-%s,");
 }
 
 TEST(PerPageOrder, ReadsPageTexts) {

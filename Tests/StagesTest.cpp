@@ -3,6 +3,7 @@
 #include <stdlib.h>
 
 #include <fstream>
+#include <limits>
 #include <map>
 
 #include "Support.h"
@@ -164,6 +165,8 @@ TEST(Stages, MakeTheJobNameFromTheDocumentName) {
     };
     for (const auto& row : cases)
         EXPECT_EQ(Narrow(JobNameFromDocumentName(Wide(row.Document))), row.Expected);
+    const std::u16string halves = std::u16string(259, u'x') + u'\xDC00';  // no pair, and so none to halve
+    EXPECT_EQ(JobNameFromDocumentName(WideText(halves)).Length(), 259u);
 }
 
 TEST(Stages, WriteDatesInLocalTime) {
@@ -173,6 +176,8 @@ TEST(Stages, WriteDatesInLocalTime) {
     setenv("TZ", "XYZ-05:30", 1);  // five and a half hours ahead
     EXPECT_EQ(Narrow(FormatPrintLogDate(946684799)), "Sat,01 Jan 2000 05:29:59");
     unsetenv("TZ");
+    constexpr std::int64_t never = std::numeric_limits<std::int64_t>::max();
+    EXPECT_TRUE(FormatPrintLogDate(never).IsEmpty() && FormatJobTime(never).IsEmpty());
 }
 
 // Tables and templates with text, since most of the built-in ones have none.

@@ -1,7 +1,9 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <fstream>
 #include <map>
+#include <sstream>
 #include <vector>
 
 #include "Platform/ResultError.h"
@@ -144,6 +146,33 @@ TEST(Wiring, TouchesWhatAJobNeedsInTheOrderOfItsStages) {
         EXPECT_EQ(ErrorOfJobThatFailsFrom(first, order),
                   order[first][0].asString() + " " + order[first][1].asString());
     EXPECT_EQ(ErrorOfJobThatFailsFrom(order.size(), order), "");
+}
+
+std::string FileText(const char* name) {
+    std::ifstream file(name);
+    std::stringstream text;
+    text << file.rdbuf();
+    return text.str();
+}
+
+// A document that knows no cheaper ways, as another platform's may.
+TEST(Wiring, ConvertsAlikeWithADocumentOfTheBasicOperationsAlone) {
+    const std::string sample = FileText(SAMPLES_DIR "/tickets/all-settings.xml");
+    ASSERT_NE(sample.find("JobXRJobCustomProperties001"), sample.npos);  // settings in several pieces
+    std::string results[2];
+    for (bool isBasic : {false, true}) {
+        TestHost host({{u"EncryptionID", Wide("[1,2]")}});
+        Host asked;
+        for (std::int32_t level : {JobLevel, DocumentLevel, PageLevel}) {
+            TicketDocument ticket = MakeDocument(sample);
+            if (isBasic) ticket = std::make_shared<AskedTicket>(asked, ticket);
+            host.Run(level, ticket);
+            results[isBasic] += SteadyPjl(host.Property(u"PJL")) + host.Data() + Narrow(ticket->xml());
+        }
+        EXPECT_EQ(asked.Asked.empty(), !isBasic);
+    }
+    EXPECT_EQ(results[0], results[1]);
+    EXPECT_NE(results[0].find("HOLDKEY"), std::string::npos);
 }
 
 TEST(Wiring, KeepsTheJobsBagsAndItsCommandMapInTheSnapshot) {
