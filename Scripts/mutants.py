@@ -201,12 +201,23 @@ def limit_memory():
     resource.setrlimit(resource.RLIMIT_CORE, (0, 0))
 
 
+def rows_of(name):
+    """The rows of a data file beside this one, as lists of fields."""
+    lines = (CHECKOUT / "Scripts" / name).read_text().splitlines()
+    return [line.split("\t") for line in lines if line and not line.startswith("#")]
+
+
 class Tally:
     def __init__(self):
         self.caught, self.survivors = 0, []
+        self.known = {(file, line): why for file, line, why in rows_of("mutants-without-effect.tsv")}
 
     def add(self, name, catcher, difference):
-        if catcher is None:
+        changed = difference.split("    +")[-1].strip()
+        why = self.known.get((name.split(":")[0], changed))
+        if catcher is None and why:
+            print("no effect %s: %s" % (name, why), flush=True)
+        elif catcher is None:
             self.survivors.append(name)
             print("SURVIVED %s\n%s" % (name, difference), flush=True)
         else:
@@ -239,10 +250,7 @@ def try_change(copy, file, new, tally, name):
 
 def try_named(copy):
     tally = Tally()
-    for line in (CHECKOUT / "Scripts" / "mutants.tsv").read_text().splitlines():
-        if not line or line.startswith("#"):
-            continue
-        name, file, expression = line.split("\t")
+    for name, file, expression in rows_of("mutants.tsv"):
         old = (copy.folder / file).read_text()
         command = ["sed", "-E", expression, copy.folder / file]
         new = subprocess.run(command, check=True, capture_output=True, text=True).stdout
