@@ -157,7 +157,7 @@ PathStep Named(std::u16string_view element, std::u16string_view name, const char
 
 std::vector<std::vector<PathStep>> FixedPaths() {
     std::vector<std::vector<PathStep>> paths = {{anyRoot}, {anyRoot, value}, {{.Element = u"none:X"}}};
-    for (const std::u16string_view name : {u"F", u"S", u"P", u"", u"F'", u"\u00E9"})
+    for (const std::u16string_view name : {u"F", u"S", u"P", u"", u"F'", u"F\x14", u"\u00E9"})
         for (const char16_t* uri : {KeywordsNamespace, DevmodeNamespace}) {
             const PathStep feature = Named(u"psf:Feature", name, uri);
             paths.push_back({root, feature, option, nameOf});

@@ -23,10 +23,12 @@ bool Equals(const xmlChar* text, std::u16string_view ascii) {
            *text == 0;
 }
 
-// Whether a text stands in a query for just itself. XML's own namespace is bound without a declaration.
+// Whether a text stands in a query for just itself: without a quote, and without control characters, which
+// end a literal there. XML's own namespace is bound without a declaration.
 bool IsPlain(std::u16string_view text) {
-    return text != u"http://www.w3.org/XML/1998/namespace" &&
-           std::ranges::all_of(text, [](char16_t unit) { return unit > 0 && unit < 0x80 && unit != u'\''; });
+    return text != u"http://www.w3.org/XML/1998/namespace" && std::ranges::all_of(text, [](char16_t unit) {
+               return unit >= 0x20 && unit < 0x80 && unit != u'\'';
+           });
 }
 
 // Whether a text is surely the name of an element; "*" is none.
