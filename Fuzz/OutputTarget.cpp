@@ -1,0 +1,108 @@
+#include <json/value.h>
+
+#include <memory>
+#include <sstream>
+
+#include "Host/Errors.h"
+#include "Host/Json.h"
+#include "Host/TextOutput.h"
+#include "JobRun.h"
+#include "Targets.h"
+#include "TicketCalls.h"
+
+// What tickethost says of any tickets: as text for a terminal, and as JSON.
+
+namespace Fuzz {
+namespace {
+
+// Whether a terminal only shows the text: UTF-8 without control characters but line feeds.
+bool IsHarmless(std::string_view text) {
+    for (std::size_t at = 0; at < text.size(); ++at) {
+        const auto byte = static_cast<unsigned char>(text[at]);
+        const auto next = static_cast<unsigned char>(at + 1 < text.size() ? text[at + 1] : 0);
+        if ((byte < 0x20 && byte != '\n') || byte == 0x7F) return false;
+        if (byte == 0xC2 && next >= 0x80 && next < 0xA0) return false;
+    }
+    return Narrow(Wide(text).View()) == text;
+}
+
+void RequireCall(const Json::Value& said, const TicketHost::CallResult& result) {
+    Require(said["ticket"].asString() == Narrow(result.TicketAfter.View()), "JSON holds the ticket");
+    Require(said["level"].asInt() == result.Made.Level, "JSON holds the level");
+    Require(said.isMember("error") == result.Error.has_value(), "JSON holds the error");
+    if (result.Error) return;
+    for (const char* name : {"PJL", "DATA"}) {
+        const auto found = result.Properties.find(Wide(name).View());
+        if (found == result.Properties.end()) continue;
+        const auto* text = std::get_if<WideText>(&found->second);
+        Require(text != nullptr && said["properties"][name].asString() == Narrow(text->View()),
+                "JSON holds the properties");
+    }
+}
+
+// Both outputs of a job, call by call.
+class Outputs {
+public:
+    explicit Outputs(std::size_t calls) {
+        job_.Calls.resize(calls);
+        text_.Begin(job_, {});
+        json_.Begin(job_, {});
+    }
+
+    void Take(const TicketHost::CallResult& result) {
+        ++taken_;
+        text_.Take(result);
+        json_.Take(result);
+        std::ostringstream one;
+        TicketHost::JsonOutput(one).Take(result);
+        RequireCall(Read("{\"calls\":[" + one.str() + "]}")["calls"][0], result);
+    }
+
+    void End(std::size_t inputSize) {
+        text_.End({});
+        json_.End({});
+        Require(IsHarmless(written_.view()), "text output is harmless on a terminal", written_.view());
+        Require(Read(document_.str())["calls"].size() == taken_, "JSON holds all calls", document_.view());
+        Require(written_.view().size() <= 20000 * (taken_ + 1) + 40 * (taken_ + 1) * inputSize,
+                "text output is bounded");
+    }
+
+private:
+    static Json::Value Read(const std::string& json) {
+        try {
+            return TicketHost::ReadJson("output", json);
+        } catch (const TicketHost::InputError& error) {
+            Require(false, "JSON output is JSON", error.what() + ("\n" + json));
+        }
+        return {};
+    }
+
+    TicketHost::Job job_;
+    std::ostringstream written_, document_;
+    TicketHost::TextOutput text_{written_, false};
+    TicketHost::JsonOutput json_{document_};
+    std::size_t taken_ = 0;
+};
+
+}  // namespace
+
+void RunOutput(std::string_view input) {
+    const std::vector<TicketCall> calls = ReadTicketCalls(input);
+    // The name of a ticket is its file's, which may hold anything.
+    const auto source = std::make_shared<TicketHost::Ticket>(
+        TicketHost::Ticket{Narrow(Wide(input.substr(0, 40)).View()), std::string()});
+    JobRun job;
+    Outputs outputs(calls.size());
+    for (std::size_t at = 0; at < calls.size(); ++at) {
+        const TicketHost::Call made{calls[at].Level, source};
+        TicketHost::CallResult result{
+            at + 1, made, 1, {}, calls[at].Ticket->xml(), {}, job.Bag->Properties()};
+        const std::string error = job.Call(made.Level, calls[at].Ticket, input.size());
+        if (!error.empty()) result.Error = TicketHost::CallError{"JsonError", {}, error};
+        result.TicketAfter = calls[at].Ticket->xml();
+        outputs.Take(result);
+    }
+    outputs.End(input.size());
+}
+
+}  // namespace Fuzz
