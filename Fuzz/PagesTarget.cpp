@@ -36,6 +36,9 @@ void RequireList(std::u16string_view pages) {
             pages);
     Require(list.Count > 0 || list.Highest == 0, "a list without pages has none", pages);
     Require(list.Count != 1 || list.First == list.Highest, "one page is first and highest", pages);
+    const bool isPage = !pages.empty() && pages.find_first_not_of(u"0123456789") == pages.npos;
+    Require(!isPage || (list.Count == 1 && list.First == static_cast<std::uint32_t>(ReadDecimal(pages))),
+            "digits are one page", pages);
 }
 
 // The items of one text and of another behind it are the items of both.
