@@ -52,8 +52,10 @@ WideText Filled(std::u16string_view format, std::initializer_list<std::u16string
 void TakeHold(Rest& rest, const SharedJson& settings) {
     const WideText hold = LookupCustomProperty(settings, u"Hold");
     if (hold.IsEmpty()) return;
-    const WideText key = LookupCustomProperty(settings, u"HoldKey");
-    if (hold == u"On") rest.Take(Filled(HoldCommandTable[1].Command, {key.View()}).View());
+    if (hold == u"On") {
+        const WideText key = LookupCustomProperty(settings, u"HoldKey");  // throws where the job did
+        rest.Take(Filled(HoldCommandTable[1].Command, {key.View()}).View());
+    }
     if (hold == u"Off") rest.Take(HoldCommandTable[0].Command);
     rest.Take(Filled(JobNameCommandTable[0].Command, {u"", u""}).View());
 }
