@@ -1,11 +1,13 @@
 #include "Platform/PrintQueue.h"
 
 #include <memory>
+#include <new>
 #include <string>
 #include <system_error>
 
 #include "Cups.h"
 #include "Platform/CodePages.h"
+#include "Platform/ResultError.h"
 #include "Relay.h"
 
 namespace Platform {
@@ -83,6 +85,8 @@ Message Ask(const Cups& cups, ipp_t* request) {
         return Exchange(cups, connection.get(), request);
     } catch (const std::system_error&) {
         return nullptr;  // no thread or file left
+    } catch (const std::bad_alloc&) {
+        ThrowResult(ResultOutOfMemory);
     }
 }
 

@@ -195,11 +195,12 @@ public:
         const PathWalk items(path.first(numbered + 1), namespaces_, PathWalk::Names::Series);
         const PathWalk inside(path.subspan(numbered + 1), namespaces_);
         if (!items.IsPossible() || !inside.IsPossible()) return false;
-        items.Visit(Top(), [&](xmlNodePtr item) {
+        const auto take = [&](xmlNodePtr item) {
             const std::size_t number = NumberInSeries(item);
             if (number < nodes.size() && !nodes[number]) nodes[number] = NewNode(tree_, inside.First(item));
             return false;
-        });
+        };
+        items.Visit(Top(), std::ref(take));  // by reference, which needs no memory
         return true;
     }
 
