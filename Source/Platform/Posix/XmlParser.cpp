@@ -160,7 +160,7 @@ struct KeptDictionary {
 thread_local KeptDictionary dictionaries;
 
 // Names of one thread's tickets are mostly the same; others' don't pile up.
-constexpr std::size_t mostKept = 64 * 1024;  // bytes
+constexpr std::size_t mostKept = 65'536;  // bytes
 
 Parser NewParser(ParseRecord& record, xmlDictPtr dictionary) {
     Parser parser(xmlNewParserCtxt(), xmlFreeParserCtxt);
