@@ -18,7 +18,8 @@ struct ThreadsResult {
 class PageCallThreads {
 public:
     explicit PageCallThreads(std::string ticket);
-    // Loads what the calls need on so many threads, lets them begin at once, and takes what their calls cost.
+    // Lets so many threads convert at the same time, each loading its tickets in between, and takes what the
+    // calls cost.
     ThreadsResult Run(int threads);
 
 private:
