@@ -10,6 +10,7 @@
 #include <cstdint>
 #include <cstring>
 #include <functional>
+#include <mutex>
 #include <new>
 
 #include "Platform/ResultError.h"
@@ -31,7 +32,11 @@ std::string NameOfCodeset(const char* codeset) {
     return name.empty() || name == "ANSI_X3.4-1968" ? "UTF-8" : std::string(name);
 }
 
+// One thread at a time: threads that ask at once share the locale's data, which goes with the last of them,
+// under a lock of the C library that no race detector sees.
 std::string SystemCodePageName() {
+    static std::mutex locales;
+    const std::lock_guard guard(locales);
     errno = 0;  // a locale that could not be read once is refused from then on without a reason
     locale_t environment = newlocale(LC_CTYPE_MASK, "", nullptr);
     if (environment == nullptr && errno == ENOMEM) ThrowResult(ResultOutOfMemory);
