@@ -2,6 +2,7 @@
 
 #include <array>
 #include <random>
+#include <thread>
 
 #include "Support.h"
 #include "ticket/TicketNamespaces.h"
@@ -265,6 +266,23 @@ TEST(TicketForms, AppendingInPlaceGivesWhatLoadingAnewGives) {
     EXPECT_GT(documents, 800);
     EXPECT_GT(grown, 500);
     EXPECT_GT(joined, 50);
+}
+
+// What a document of one thread leaves for the next one is nothing that the first still uses on another
+// thread.
+TEST(TicketForms, DocumentsOfOneThreadShareNothing) {
+    const auto grow = [](const TicketDocument& ticket, const std::string& name) {
+        for (int count = 0; count < 3000; ++count)
+            ticket->appendToRoot(u"psf:PrintTicket", Wide("<" + name + std::to_string(count) + "/>"));
+    };
+    const TicketDocument first = MakeTicket("");
+    first->appendToRoot(u"psf:PrintTicket", Wide("<a/>"));
+    const TicketDocument second = MakeTicket("");
+    std::thread other(grow, first, "b");
+    grow(second, "c");
+    other.join();
+    EXPECT_NE(Narrow(first->xml()).find("<b2999/></psf:PrintTicket>"), std::string::npos);
+    EXPECT_NE(Narrow(second->xml()).find("<c2999/></psf:PrintTicket>"), std::string::npos);
 }
 
 }  // namespace

@@ -203,6 +203,7 @@ std::unique_ptr<Tree> ParseInto(ParseRecord& record, std::string_view bytes, Enc
     if (record.Failed) return nullptr;
     auto tree = std::make_unique<Tree>(std::move(document));
     tree->Bytes = bytes.size();
+    tree->SharesDictionary = dictionary != nullptr;
     return tree;
 }
 
@@ -214,7 +215,7 @@ Tree::~Tree() {
     xmlFreeNodeList(std::exchange(Document->children, nullptr));  // whose names the dictionary may hold
     const xmlDictPtr dictionary = std::exchange(Document->dict, nullptr);
     xmlFreeDoc(Document);
-    if (dictionaries.Kept == nullptr && xmlDictGetUsage(dictionary) <= mostKept)
+    if (!SharesDictionary && dictionaries.Kept == nullptr && xmlDictGetUsage(dictionary) <= mostKept)
         dictionaries.Kept = dictionary;
     else
         xmlDictFree(dictionary);

@@ -85,6 +85,8 @@ struct Tree {
 
     xmlDocPtr Document;
     QueryContext Context{nullptr, xmlXPathFreeContext};
+    bool SharesDictionary =
+        false;  // with the document that its nodes move to, perhaps on another thread soon
     std::vector<xmlNodePtr> Removed;
 
     // What tells whether the document's text would load as the same tree.
