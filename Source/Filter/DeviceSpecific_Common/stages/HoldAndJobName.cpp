@@ -17,15 +17,14 @@ struct HoldRow {
     std::u16string_view Keyword;
     bool FillsKey = false;
     bool ForcesOneCopy = false;
-    bool Sends = false;
 };
 
 constexpr HoldRow holdRows[] = {
-    {.Keyword = u"Off", .Sends = true},
-    {.Keyword = u"On", .FillsKey = true, .ForcesOneCopy = true, .Sends = true},
-    {.Keyword = u"XRProof", .ForcesOneCopy = true, .Sends = true},
-    {.Keyword = u"StoreJob", .ForcesOneCopy = true, .Sends = true},
-    {.Keyword = u"PrintHold", .ForcesOneCopy = true, .Sends = true},
+    {.Keyword = u"Off"},
+    {.Keyword = u"On", .FillsKey = true, .ForcesOneCopy = true},
+    {.Keyword = u"XRProof", .ForcesOneCopy = true},
+    {.Keyword = u"StoreJob", .ForcesOneCopy = true},
+    {.Keyword = u"PrintHold", .ForcesOneCopy = true},
 };
 
 void WriteHold(PTConverter& converter, const TicketDocument& ticket, const WideText& hold) {
@@ -37,7 +36,7 @@ void WriteHold(PTConverter& converter, const TicketDocument& ticket, const WideT
         if (row.FillsKey)
             FillFirstPlaceholder(text, LookupCustomProperty(converter.CustomProperties, u"HoldKey").View());
         if (row.ForcesOneCopy) ForceOneCopy(ticket);
-        if (row.Sends) AppendWideText(converter.PjlText, text);
+        AppendWideText(converter.PjlText, text);
     }
 }
 
