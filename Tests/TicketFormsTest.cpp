@@ -268,6 +268,19 @@ TEST(TicketForms, AppendingInPlaceGivesWhatLoadingAnewGives) {
     EXPECT_GT(joined, 50);
 }
 
+// Of two elements with one identifier the first is found, and once it is gone, the second.
+TEST(TicketForms, AppendingTellsIdentifiersAnew) {
+    const TicketDocument ticket =
+        MakeTicket("<psf:Feature xml:id='i'/><psf:Feature xml:id='i'>2</psf:Feature>");
+    Platform::TicketNode node;
+    ASSERT_TRUE(ticket->selectSingleNode(u"id('i')", node) && node);
+    node->parentNode()->removeChild(node);
+    node = nullptr;
+    ticket->appendToRoot(u"psf:PrintTicket", WideText());
+    ASSERT_TRUE(ticket->selectSingleNode(u"id('i')", node) && node);
+    EXPECT_EQ(Narrow(node->text()), "2");
+}
+
 // What a document of one thread leaves for the next one is nothing that the first still uses on another
 // thread.
 TEST(TicketForms, DocumentsOfOneThreadShareNothing) {
