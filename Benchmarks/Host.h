@@ -5,8 +5,8 @@
 #include <string>
 #include <string_view>
 
-#include "Host/MemoryBags.h"
-#include "Host/OptionTableSet.h"
+#include "Host/ground/MemoryBags.h"
+#include "Host/jobs/OptionTableSet.h"
 #include "Platform/TicketDocument.h"
 #include "conversion/DeviceSpecificModule.h"
 

@@ -2,8 +2,8 @@
 
 #include <vector>
 
-#include "Host/OptionTableSet.h"
-#include "Host/Texts.h"
+#include "Host/ground/Texts.h"
+#include "Host/jobs/OptionTableSet.h"
 #include "PjlContract.h"
 #include "Platform/Clock.h"
 

@@ -5,7 +5,7 @@
 #include <string_view>
 
 #include "Contract.h"
-#include "Host/MemoryBags.h"
+#include "Host/ground/MemoryBags.h"
 #include "conversion/DeviceSpecificModule.h"
 #include "conversion/PTConverter.h"
 

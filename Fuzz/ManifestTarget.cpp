@@ -2,10 +2,10 @@
 #include <filesystem>
 
 #include "Contract.h"
-#include "Host/Errors.h"
-#include "Host/Job.h"
-#include "Host/Manifest.h"
-#include "Host/OptionTableSet.h"
+#include "Host/ground/Errors.h"
+#include "Host/jobs/Job.h"
+#include "Host/jobs/Manifest.h"
+#include "Host/jobs/OptionTableSet.h"
 #include "JobRun.h"
 #include "Targets.h"
 

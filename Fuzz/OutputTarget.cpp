@@ -3,9 +3,9 @@
 #include <memory>
 #include <sstream>
 
-#include "Host/Errors.h"
-#include "Host/Json.h"
-#include "Host/TextOutput.h"
+#include "Host/ground/Errors.h"
+#include "Host/output/JsonOutput.h"
+#include "Host/output/TextOutput.h"
 #include "JobRun.h"
 #include "Targets.h"
 #include "TicketCalls.h"

@@ -2,7 +2,7 @@
 #include <stdexcept>
 
 #include "Contract.h"
-#include "Host/MemoryBags.h"
+#include "Host/ground/MemoryBags.h"
 #include "Targets.h"
 #include "secrets/Aes.h"
 #include "secrets/EncryptionId.h"

@@ -6,13 +6,13 @@
 #include <filesystem>
 #include <sstream>
 
-#include "Host/Errors.h"
-#include "Host/Files.h"
-#include "Host/Json.h"
-#include "Host/Manifest.h"
-#include "Host/TextOutput.h"
-#include "Host/Texts.h"
-#include "Host/TicketDiff.h"
+#include "Host/ground/Errors.h"
+#include "Host/ground/Files.h"
+#include "Host/ground/Json.h"
+#include "Host/ground/Texts.h"
+#include "Host/jobs/Manifest.h"
+#include "Host/output/TextOutput.h"
+#include "Host/tickets/TicketDiff.h"
 #include "HostTool.h"
 #include "Platform/Files.h"
 #include "Platform/Identities.h"

@@ -13,7 +13,7 @@
 #include <vector>
 
 #include "Cases.h"
-#include "Host/MemoryBags.h"
+#include "Host/ground/MemoryBags.h"
 #include "Platform/CodePages.h"
 #include "secrets/HexText.h"
 #include "secrets/Passphrase.h"

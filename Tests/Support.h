@@ -4,8 +4,8 @@
 #include <string>
 
 #include "Cases.h"
-#include "Host/MemoryBags.h"
-#include "Host/OptionTableSet.h"
+#include "Host/ground/MemoryBags.h"
+#include "Host/jobs/OptionTableSet.h"
 #include "conversion/DeviceSpecificModule.h"
 #include "conversion/PTConverter.h"
 

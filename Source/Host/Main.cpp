@@ -2,9 +2,9 @@
 #include <CLI/Formatter.hpp>
 #include <exception>
 
-#include "Host/Errors.h"
-#include "Host/StandardStreams.h"
-#include "Host/Verbs.h"
+#include "Host/ground/Errors.h"
+#include "Host/ground/StandardStreams.h"
+#include "Host/verbs/Verbs.h"
 #include "Platform/Process.h"
 
 namespace TicketHost {

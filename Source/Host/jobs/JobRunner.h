@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "Host/Job.h"
+#include "Host/jobs/Job.h"
 #include "Platform/WideText.h"
 
 namespace TicketHost {

@@ -1,4 +1,4 @@
-#include "Host/Texts.h"
+#include "Host/ground/Texts.h"
 
 #include <algorithm>
 

@@ -1,4 +1,4 @@
-#include "Host/OptionTableSet.h"
+#include "Host/jobs/OptionTableSet.h"
 
 #include <algorithm>
 #include <stdexcept>

@@ -2,24 +2,12 @@
 
 #include <chrono>
 #include <ostream>
-#include <sstream>
-#include <string_view>
+#include <string>
 
-#include "Host/JobRunner.h"
+#include "Host/ground/StandardStreams.h"
+#include "Host/jobs/JobRunner.h"
 
 namespace TicketHost {
-
-// The standard output, piece by piece. What is written to the stream stays in memory until it is sent, so
-// that a failure shows at once and not when the process ends.
-class StandardOutput {
-public:
-    std::ostream& Stream() { return pending_; }
-    // Throws OutputError when not all could be written, NobodyReads when the reader of a pipe has gone.
-    void Send();
-
-private:
-    std::ostringstream pending_;
-};
 
 // Stands behind the sinks that write to the standard output, and sends what they wrote.
 class SendingSink final : public ResultSink {
@@ -33,9 +21,6 @@ public:
 private:
     StandardOutput& output_;
 };
-
-// Writes "tickethost: LINE" to the standard error.
-void WriteErrorLine(std::string_view line);
 
 // Writes each error as one line, "JOB: call N (TICKET): TYPE: MESSAGE", to the standard error.
 class ErrorLines final : public ResultSink {

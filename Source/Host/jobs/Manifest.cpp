@@ -1,14 +1,14 @@
-#include "Host/Manifest.h"
+#include "Host/jobs/Manifest.h"
 
 #include <algorithm>
 #include <cmath>
 #include <initializer_list>
 #include <limits>
 
-#include "Host/Errors.h"
-#include "Host/Json.h"
-#include "Host/OptionTableSet.h"
-#include "Host/Texts.h"
+#include "Host/ground/Errors.h"
+#include "Host/ground/Json.h"
+#include "Host/ground/Texts.h"
+#include "Host/jobs/OptionTableSet.h"
 #include "Platform/Identities.h"
 
 namespace TicketHost {

@@ -4,30 +4,10 @@
 #include <string>
 #include <string_view>
 
-#include "Host/JobRunner.h"
+#include "Host/ground/Painter.h"
+#include "Host/jobs/JobRunner.h"
 
 namespace TicketHost {
-
-enum class Tone { Heading, Label, Added, Removed, Faint, Error };
-
-// Colours texts for a terminal, or leaves them as they are.
-class Painter {
-public:
-    explicit Painter(bool colour) : colour_(colour) {}
-
-    std::string Paint(Tone tone, std::string_view text) const {
-        if (!colour_) return std::string(text);
-        return "\x1B[" + std::string(CodeOf(tone)) + "m" + std::string(text) + "\x1B[0m";
-    }
-
-private:
-    static constexpr std::string_view CodeOf(Tone tone) {
-        constexpr std::string_view codes[] = {"1", "36", "32", "31", "2", "1;31"};
-        return codes[static_cast<int>(tone)];
-    }
-
-    bool colour_;
-};
 
 // Writes a job's results for a person who wants to know why a job came out as it did. Of each call it says
 // what the call did and nothing of what was there before:

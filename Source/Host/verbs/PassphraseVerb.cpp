@@ -6,11 +6,11 @@
 #include <string_view>
 #include <system_error>
 
-#include "Host/Errors.h"
-#include "Host/Files.h"
-#include "Host/StandardStreams.h"
-#include "Host/Texts.h"
-#include "Host/Verbs.h"
+#include "Host/ground/Errors.h"
+#include "Host/ground/Files.h"
+#include "Host/ground/StandardStreams.h"
+#include "Host/ground/Texts.h"
+#include "Host/verbs/Verbs.h"
 #include "Platform/Terminal.h"
 #include "secrets/Aes.h"
 #include "secrets/HexText.h"

@@ -4,7 +4,7 @@
 #include <string_view>
 #include <vector>
 
-#include "Host/MemoryBags.h"
+#include "Host/ground/MemoryBags.h"
 #include "Platform/WideText.h"
 
 namespace TicketHost {

@@ -1,4 +1,4 @@
-#include "Host/MemoryBags.h"
+#include "Host/ground/MemoryBags.h"
 
 namespace TicketHost {
 

@@ -6,12 +6,12 @@
 #include <string_view>
 #include <vector>
 
-#include "Host/Errors.h"
-#include "Host/Json.h"
-#include "Host/OptionTableSet.h"
-#include "Host/StandardStreams.h"
-#include "Host/Texts.h"
-#include "Host/Verbs.h"
+#include "Host/ground/Errors.h"
+#include "Host/ground/Json.h"
+#include "Host/ground/StandardStreams.h"
+#include "Host/ground/Texts.h"
+#include "Host/jobs/OptionTableSet.h"
+#include "Host/verbs/Verbs.h"
 
 namespace TicketHost {
 namespace {

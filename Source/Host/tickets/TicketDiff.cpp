@@ -1,11 +1,11 @@
-#include "Host/TicketDiff.h"
+#include "Host/tickets/TicketDiff.h"
 
 #include <algorithm>
 #include <dtl/dtl.hpp>
 #include <iterator>
 #include <span>
 
-#include "Host/Texts.h"
+#include "Host/ground/Texts.h"
 
 namespace TicketHost {
 namespace {

@@ -7,7 +7,7 @@
 #include <variant>
 #include <vector>
 
-#include "Host/MemoryBags.h"
+#include "Host/ground/MemoryBags.h"
 #include "Platform/TicketDocument.h"
 
 namespace TicketHost {

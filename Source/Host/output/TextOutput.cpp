@@ -1,10 +1,10 @@
-#include "Host/TextOutput.h"
+#include "Host/output/TextOutput.h"
 
 #include <utility>
 #include <vector>
 
-#include "Host/Texts.h"
-#include "Host/TicketDiff.h"
+#include "Host/ground/Texts.h"
+#include "Host/tickets/TicketDiff.h"
 #include "Platform/ResultError.h"
 #include "conversion/DeviceSpecificModule.h"
 

@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "Host/Job.h"
+#include "Host/jobs/Job.h"
 
 namespace TicketHost {
 

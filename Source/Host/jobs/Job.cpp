@@ -1,14 +1,14 @@
-#include "Host/Job.h"
+#include "Host/jobs/Job.h"
 
 #include <algorithm>
 #include <filesystem>
 #include <map>
 
-#include "Host/Errors.h"
-#include "Host/Files.h"
-#include "Host/Manifest.h"
-#include "Host/OptionTableSet.h"
-#include "Host/Texts.h"
+#include "Host/ground/Errors.h"
+#include "Host/ground/Files.h"
+#include "Host/ground/Texts.h"
+#include "Host/jobs/Manifest.h"
+#include "Host/jobs/OptionTableSet.h"
 #include "Platform/Process.h"
 #include "conversion/DeviceSpecificModule.h"
 

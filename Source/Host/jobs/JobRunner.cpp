@@ -1,10 +1,10 @@
-#include "Host/JobRunner.h"
+#include "Host/jobs/JobRunner.h"
 
 #include <json/value.h>
 
 #include <stdexcept>
 
-#include "Host/OptionTableSet.h"
+#include "Host/jobs/OptionTableSet.h"
 #include "Platform/ResultError.h"
 #include "conversion/DeviceSpecificModule.h"
 
