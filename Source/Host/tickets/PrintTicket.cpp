@@ -1,0 +1,121 @@
+#include "Host/tickets/PrintTicket.h"
+
+#include <algorithm>
+
+#include "ticket/TicketNamespaces.h"
+
+namespace TicketHost {
+
+constinit const std::string_view FrameworkNamespace = FRAMEWORK_NAMESPACE;
+constinit const std::string_view KeywordsNamespace = KEYWORDS_NAMESPACE;
+constinit const std::string_view DevmodeNamespace = DEVMODE_NAMESPACE;
+
+namespace {
+
+using Platform::XmlElement;
+using Scope = std::vector<Platform::XmlNamespace>;  // the innermost declarations last
+
+constexpr struct {
+    std::string_view Element;
+    ItemKind Kind;
+} kinds[] = {{"Feature", ItemKind::Feature},
+             {"Option", ItemKind::Option},
+             {"ScoredProperty", ItemKind::ScoredProperty},
+             {"Property", ItemKind::Property},
+             {"ParameterInit", ItemKind::Parameter}};
+
+ItemKind KindOf(const XmlElement& element) {
+    const auto isIt = [&](const auto& row) {
+        return element.Name.Namespace == FrameworkNamespace && element.Name.Local == row.Element;
+    };
+    const auto row = std::ranges::find_if(kinds, isIt);
+    return row == std::end(kinds) ? ItemKind::Other : row->Kind;
+}
+
+bool IsFrameworks(const XmlElement& element, std::string_view local) {
+    return element.Name.Local == local && element.Name.Namespace == FrameworkNamespace;
+}
+
+std::string NameAttribute(const XmlElement& element) {
+    for (const auto& [name, value] : element.Attributes)
+        if (name.Local == "name" && name.Namespace.empty()) return value;
+    return "";
+}
+
+std::string NameAsWritten(const Platform::XmlName& name) {
+    return name.Prefix.empty() ? name.Local : name.Prefix + ":" + name.Local;
+}
+
+std::string UriOf(const Scope& scope, std::string_view prefix) {
+    const auto found =
+        std::ranges::find(scope.rbegin(), scope.rend(), prefix, &Platform::XmlNamespace::Prefix);
+    return found == scope.rend() ? "" : found->Uri;
+}
+
+// A name in an attribute without a prefix is in no namespace.
+void Resolve(TicketItem& item, const Scope& scope) {
+    const std::size_t colon = item.Name.find(':');
+    item.Local = colon == std::string::npos ? item.Name : item.Name.substr(colon + 1);
+    if (colon != std::string::npos) item.Space = UriOf(scope, std::string_view(item.Name).substr(0, colon));
+}
+
+void AddItems(const XmlElement& element, const std::string& path, Scope& scope, TicketItem& owner);
+
+TicketItem ItemOf(const XmlElement& element, std::string path, Scope& scope) {
+    TicketItem item;
+    item.Kind = KindOf(element);
+    item.Line = element.Line;
+    scope.insert(scope.end(), element.Namespaces.begin(), element.Namespaces.end());
+    if (item.Kind == ItemKind::Other) {
+        item.Name = NameAsWritten(element.Name);
+        item.Local = element.Name.Local;
+        item.Space = element.Name.Namespace;
+        item.Value = element.Text;
+    } else {
+        item.Name = NameAttribute(element);
+        Resolve(item, scope);
+    }
+    AddItems(element, path, scope, item);
+    item.Path = std::move(path);
+    scope.resize(scope.size() - element.Namespaces.size());
+    return item;
+}
+
+// A property's value and reference are parts of it; all other elements are items of their own.
+void AddItems(const XmlElement& element, const std::string& path, Scope& scope, TicketItem& owner) {
+    const bool isOwn = owner.Kind != ItemKind::Other;
+    for (std::size_t at = 0; at < element.Children.size(); ++at) {
+        const XmlElement& child = element.Children[at];
+        if (isOwn && IsFrameworks(child, "Value"))
+            owner.Value += child.Text;
+        else if (isOwn && IsFrameworks(child, "ParameterRef"))
+            owner.Reference = NameAttribute(child);
+        else
+            owner.Items.push_back(ItemOf(child, path + "/*[" + std::to_string(at + 1) + "]", scope));
+    }
+}
+
+}  // namespace
+
+bool IsPrintTicket(const XmlElement& root) { return IsFrameworks(root, "PrintTicket"); }
+
+std::vector<TicketItem> ItemsOf(const XmlElement& root) {
+    if (!IsPrintTicket(root)) return {};
+    Scope scope;
+    return ItemOf(root, "/*[1]", scope).Items;
+}
+
+const TicketItem* FindItem(const std::vector<TicketItem>& items, ItemKind kind, std::string_view space,
+                           std::string_view local) {
+    const auto found = std::ranges::find_if(items, [&](const TicketItem& item) {
+        return item.Kind == kind && item.Space == space && item.Local == local;
+    });
+    return found == items.end() ? nullptr : &*found;
+}
+
+const TicketItem* ChosenOption(const TicketItem& feature) {
+    const auto found = std::ranges::find(feature.Items, ItemKind::Option, &TicketItem::Kind);
+    return found == feature.Items.end() ? nullptr : &*found;
+}
+
+}  // namespace TicketHost

@@ -1,0 +1,135 @@
+#include "Host/tickets/Settings.h"
+
+#include <json/reader.h>
+#include <json/writer.h>
+
+#include <algorithm>
+#include <charconv>
+#include <optional>
+
+namespace TicketHost {
+namespace {
+
+using Platform::XmlElement;
+
+constexpr std::size_t mostPieces = 1000;  // that three digits can name
+constexpr std::string_view vendorPrefix = "ns0000:";
+
+// The text of an element with all below it, as a query's node gives it.
+std::string WholeText(const XmlElement& element) {
+    std::string text = element.Text;
+    for (const XmlElement& child : element.Children) text += WholeText(child);
+    return text;
+}
+
+std::int64_t NumberOf(std::string_view text) {
+    text.remove_prefix(std::min(text.find_first_not_of(" \t\r\n\v\f"), text.size()));
+    if (text.starts_with('+')) text.remove_prefix(1);
+    std::int64_t number = 0;
+    std::from_chars(text.data(), text.data() + text.size(), number);
+    return number;
+}
+
+std::string NameOfPiece(const SettingsSeries& series, std::size_t index) {
+    const std::string digits = std::to_string(index);
+    return std::string(series.Piece) + std::string(3 - digits.size(), '0') + digits;
+}
+
+// The index of a piece by its parameter's local name, if it is one of the series.
+std::optional<std::size_t> IndexOf(const SettingsSeries& series, std::string_view local) {
+    if (!local.starts_with(series.Piece) || local.size() != series.Piece.size() + 3) return std::nullopt;
+    std::size_t index = mostPieces;
+    std::from_chars(local.data() + series.Piece.size(), local.data() + local.size(), index);
+    if (index >= mostPieces || NameOfPiece(series, index) != local) return std::nullopt;
+    return index;
+}
+
+// Of several with one index the first counts.
+void AddPieces(const std::vector<TicketItem>& items, TicketSettings& settings) {
+    std::vector<const TicketItem*> found(mostPieces);
+    for (const TicketItem& item : items) {
+        if (item.Kind != ItemKind::Parameter || item.Space != DevmodeNamespace) continue;
+        const auto index = IndexOf(*settings.Series, item.Local);
+        if (index && found[*index] == nullptr) found[*index] = &item;
+    }
+    for (std::size_t index = 0; index < mostPieces; ++index) {
+        if (found[index] == nullptr) continue;
+        settings.Pieces.push_back({index, found[index]->Value, found[index]->Path, found[index]->Line});
+        if (IsCounted(settings, settings.Pieces.back())) settings.Text += found[index]->Value;
+    }
+}
+
+// As the module does it: comments allowed, and what was read ahead of a fault counts. Of the library's two
+// readers it is also the one that says where a fault stands.
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wdeprecated-declarations"
+void Parse(TicketSettings& settings) {
+    settings.IsWellFormed = settings.Text.empty();
+    if (settings.IsWellFormed) return;
+    const char* begin = settings.Text.data();
+    try {
+        Json::Reader reader;
+        settings.IsWellFormed = reader.parse(begin, begin + settings.Text.size(), settings.Values, false);
+        const auto errors = reader.getStructuredErrors();
+        if (settings.IsWellFormed || errors.empty()) return;
+        settings.FaultAt = static_cast<std::size_t>(errors.front().offset_start);
+        settings.FaultCause = errors.front().message;
+    } catch (const Json::Exception& error) {
+        settings.FaultCause = error.what();
+    }
+}
+#pragma GCC diagnostic pop
+
+const XmlElement* FindCount(const XmlElement& root, const SettingsSeries& series) {
+    const std::string name = std::string(vendorPrefix).append(series.Count);
+    const auto isIt = [&](const XmlElement& element) {
+        const auto hasName = [&](const Platform::XmlAttribute& attribute) {
+            return attribute.Name.Local == "name" && attribute.Name.Namespace.empty() &&
+                   attribute.Value == name;
+        };
+        return element.Name.Local == "ParameterInit" && element.Name.Namespace == FrameworkNamespace &&
+               std::ranges::any_of(element.Attributes, hasName);
+    };
+    const auto found = std::ranges::find_if(root.Children, isIt);
+    return found == root.Children.end() ? nullptr : &*found;
+}
+
+}  // namespace
+
+std::vector<TicketSettings> ReadSettings(const XmlElement& root) {
+    std::vector<TicketSettings> all;
+    if (!IsPrintTicket(root)) return all;
+    const std::vector<TicketItem> items = ItemsOf(root);
+    for (const SettingsSeries& series : AllSettingsSeries) {
+        const XmlElement* count = FindCount(root, series);
+        if (count == nullptr) continue;
+        TicketSettings settings;
+        settings.Series = &series;
+        settings.CountText = WholeText(*count);
+        settings.Count = NumberOf(settings.CountText);
+        settings.CountPath = "/*[1]/*[" + std::to_string(count - root.Children.data() + 1) + "]";
+        settings.Line = count->Line;
+        AddPieces(items, settings);
+        Parse(settings);
+        all.push_back(std::move(settings));
+    }
+    return all;
+}
+
+const SettingsPiece* PieceAt(const TicketSettings& settings, std::size_t byte) {
+    for (const SettingsPiece& piece : settings.Pieces) {
+        if (!IsCounted(settings, piece)) break;
+        if (byte < piece.Text.size()) return &piece;
+        byte -= piece.Text.size();
+    }
+    return nullptr;
+}
+
+std::string WriteSettings(const Json::Value& values) {
+    Json::StreamWriterBuilder builder;
+    builder["emitUTF8"] = true;
+    builder["indentation"] = "";
+    return Json::writeString(builder, values);
+}
+
+}  // namespace TicketHost
