@@ -1,0 +1,23 @@
+#pragma once
+
+#include <CLI/App.hpp>
+#include <string>
+#include <vector>
+
+#include "Host/jobs/Job.h"
+
+namespace TicketHost {
+
+// What the command line says of a job, for each verb that takes one.
+struct JobOptions {
+    std::string File;
+    std::vector<std::string> Pipeline, Driver, Queue;  // NAME=VALUE; of two with one name the later counts
+};
+
+// Adds them to a verb. The options must live until the command line is read.
+void AddJobOptions(CLI::App& verb, JobOptions& options);
+
+// The job as these options make it. Throws InputError.
+Job ReadJob(const JobOptions& options);
+
+}  // namespace TicketHost
