@@ -14,13 +14,12 @@ using namespace DeviceSpecificModule;
 
 // The series' command map and the key table's ids, as in the sample that has all settings. No "PrinterName":
 // whether a print scheduler answers is no matter of the module's speed.
-TicketHost::PipelineProperties JobProperties() {
+Platform::PipelineProperties JobProperties() {
     const std::shared_ptr<Platform::IPrinterPropertyBag> driver =
-        std::make_shared<TicketHost::MemoryPrinterBag>(
-            TicketHost::PrinterProperties{{u"CommandMap_Sample", Platform::WideText(u"{}")}});
-    const std::shared_ptr<Platform::IPrinterPropertyBag> queue =
-        std::make_shared<TicketHost::MemoryPrinterBag>(
-            TicketHost::PrinterProperties{{u"encryptionPassphrase_Flag", 0}});
+        std::make_shared<Platform::MemoryPrinterBag>(
+            Platform::PrinterProperties{{u"CommandMap_Sample", Platform::WideText(u"{}")}});
+    const std::shared_ptr<Platform::IPrinterPropertyBag> queue = std::make_shared<Platform::MemoryPrinterBag>(
+        Platform::PrinterProperties{{u"encryptionPassphrase_Flag", 0}});
     return {{u"Series", Platform::WideText(u"Sample")},
             {u"EncryptionID", Platform::WideText(u"[1,2]")},
             {u"DriverPropertyBag", driver},
@@ -41,7 +40,7 @@ Platform::TicketDocument Load(const std::string& ticket) {
 }
 
 Host::Host()
-    : bag_(std::make_shared<TicketHost::MemoryPipelineBag>(JobProperties())),
+    : bag_(std::make_shared<Platform::MemoryPipelineBag>(JobProperties())),
       tables_(AllTables()),
       snapshot_(nullptr, DestroyPTConverterClassPointer) {}
 

@@ -5,8 +5,8 @@
 #include <string>
 #include <string_view>
 
-#include "Host/ground/MemoryBags.h"
 #include "Host/jobs/OptionTableSet.h"
+#include "Platform/MemoryBags.h"
 #include "Platform/TicketDocument.h"
 #include "conversion/DeviceSpecificModule.h"
 
@@ -48,7 +48,7 @@ public:
 private:
     Platform::WideText Text(std::u16string_view property) const;
 
-    std::shared_ptr<TicketHost::MemoryPipelineBag> bag_;
+    std::shared_ptr<Platform::MemoryPipelineBag> bag_;
     TicketHost::OptionTableSet tables_;
     using Snapshot = DeviceSpecificModule::PTConverter;
     std::unique_ptr<Snapshot, decltype(&DeviceSpecificModule::DestroyPTConverterClassPointer)> snapshot_;

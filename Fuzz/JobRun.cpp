@@ -13,12 +13,12 @@ namespace {
 using DeviceSpecificModule::JobLevel;
 using DeviceSpecificModule::SharedJson;
 
-TicketHost::PipelineProperties WithBags(TicketHost::PipelineProperties pipeline,
-                                        TicketHost::PrinterProperties queue) {
+Platform::PipelineProperties WithBags(Platform::PipelineProperties pipeline,
+                                      Platform::PrinterProperties queue) {
     pipeline.erase(u"PrinterName");
     pipeline.erase(u"UserSecurityToken");
     const std::shared_ptr<Platform::IPrinterPropertyBag> bag =
-        std::make_shared<TicketHost::MemoryPrinterBag>(std::move(queue));
+        std::make_shared<Platform::MemoryPrinterBag>(std::move(queue));
     pipeline.try_emplace(u"QueuePropertyBag", bag);
     return pipeline;
 }
@@ -61,8 +61,8 @@ const OptionTables& HostTables() {
     return *tables.Record();
 }
 
-JobRun::JobRun(TicketHost::PipelineProperties pipeline, TicketHost::PrinterProperties queue)
-    : Bag(std::make_shared<TicketHost::MemoryPipelineBag>(WithBags(std::move(pipeline), std::move(queue)))) {}
+JobRun::JobRun(Platform::PipelineProperties pipeline, Platform::PrinterProperties queue)
+    : Bag(std::make_shared<Platform::MemoryPipelineBag>(WithBags(std::move(pipeline), std::move(queue)))) {}
 
 std::string JobRun::Call(std::int32_t level, const TicketDocument& ticket, std::size_t inputSize) {
     const DeepCopy before(Snapshot);

@@ -5,7 +5,7 @@
 #include <string_view>
 
 #include "Contract.h"
-#include "Host/ground/MemoryBags.h"
+#include "Platform/MemoryBags.h"
 #include "conversion/DeviceSpecificModule.h"
 #include "conversion/PTConverter.h"
 
@@ -21,7 +21,7 @@ const OptionTables& HostTables();
 // database.
 class JobRun {
 public:
-    explicit JobRun(TicketHost::PipelineProperties pipeline = {}, TicketHost::PrinterProperties queue = {});
+    explicit JobRun(Platform::PipelineProperties pipeline = {}, Platform::PrinterProperties queue = {});
 
     // Makes a call and holds it to its contract: what it may throw, a snapshot untouched by a throw, "PJL", a
     // ticket that loads again, sizes. `inputSize` is in bytes, of all that the job consists of. Gives the
@@ -33,7 +33,7 @@ public:
     // All that can be seen of the run so far.
     std::string Everything() const;
 
-    std::shared_ptr<TicketHost::MemoryPipelineBag> Bag;
+    std::shared_ptr<Platform::MemoryPipelineBag> Bag;
     PTConverter Snapshot;
     const OptionTables* Tables = &HostTables();
 

@@ -20,9 +20,9 @@ using TicketHost::Manifest;
 constexpr std::size_t mostCalls = 4;
 
 JobRun RunOf(const Manifest& manifest) {
-    TicketHost::PipelineProperties pipeline = manifest.Settings.Pipeline;
+    Platform::PipelineProperties pipeline = manifest.Settings.Pipeline;
     const std::shared_ptr<Platform::IPrinterPropertyBag> driver =
-        std::make_shared<TicketHost::MemoryPrinterBag>(manifest.Settings.Driver);
+        std::make_shared<Platform::MemoryPrinterBag>(manifest.Settings.Driver);
     pipeline.try_emplace(u"DriverPropertyBag", driver);
     JobRun run(std::move(pipeline), manifest.Settings.Queue);
     if (!manifest.Settings.Tables) run.Tables = nullptr;

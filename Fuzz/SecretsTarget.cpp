@@ -2,7 +2,7 @@
 #include <stdexcept>
 
 #include "Contract.h"
-#include "Host/ground/MemoryBags.h"
+#include "Platform/MemoryBags.h"
 #include "Targets.h"
 #include "secrets/Aes.h"
 #include "secrets/EncryptionId.h"
@@ -25,15 +25,15 @@ bool IsUpperHex(std::u16string_view text) {
 }
 
 PTConverter ConverterOf(const std::vector<std::string_view>& parts) {
-    TicketHost::PrinterProperties queue;
+    Platform::PrinterProperties queue;
     if (parts.size() > 1) {
         queue[u"encryptionPassphrase"] = Wide(parts[1]);
         queue[u"encryptionPassphrase_Flag"] = 1;
     }
     PTConverter converter;
-    converter.Pipeline = std::make_shared<TicketHost::MemoryPipelineBag>(
-        TicketHost::PipelineProperties{{u"EncryptionID", Wide(parts[0])}});
-    converter.Queue = std::make_shared<TicketHost::MemoryPrinterBag>(queue);
+    converter.Pipeline = std::make_shared<Platform::MemoryPipelineBag>(
+        Platform::PipelineProperties{{u"EncryptionID", Wide(parts[0])}});
+    converter.Queue = std::make_shared<Platform::MemoryPrinterBag>(queue);
     converter.SecretIsHexText = PartOf(parts, 3) == "hex" ? 1 : 0;
     return converter;
 }

@@ -99,7 +99,7 @@ TEST(JsonState, Merges) {
 }
 
 TEST(JsonState, LoadsTheMapOfTheSeries) {
-    const auto bag = std::make_shared<TicketHost::MemoryPrinterBag>(TicketHost::PrinterProperties{
+    const auto bag = std::make_shared<Platform::MemoryPrinterBag>(Platform::PrinterProperties{
         {u"CommandMap_S1", Wide(R"({"a":1})")},
         {u"CommandMap_", Wide("[2]")},
         {u"CommandMap_Deep", Wide(std::string(1001, '[') + std::string(1001, ']'))}});
@@ -129,7 +129,7 @@ std::string ChildrenOf(const TicketDocument& ticket) {
 }
 
 void RunCase(const Json::Value& each) {
-    TicketHost::PipelineProperties properties;
+    Platform::PipelineProperties properties;
     for (const std::string& name : each["properties"].getMemberNames())
         properties[std::u16string(Wide(name).View())] = Wide(each["properties"][name].asString());
     TestHost host(std::move(properties));

@@ -34,7 +34,7 @@ PTConverter MakeConverter(const Json::Value& settings) {
     (*properties)["features"] = settings;
     if (!settings.isMember("CopySecurity")) (*properties)["features"]["CopySecurity"] = "On";
     PTConverter converter;
-    converter.Pipeline = std::make_shared<TicketHost::MemoryPipelineBag>();
+    converter.Pipeline = std::make_shared<Platform::MemoryPipelineBag>();
     converter.CustomProperties = properties;
     converter.PjlText = WideText(u"");
     return converter;

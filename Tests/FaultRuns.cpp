@@ -29,14 +29,14 @@ Json::Value ReadManifest() {
 
 std::u16string Units(const std::string& text) { return std::u16string(Wide(text).View()); }
 
-std::shared_ptr<TicketHost::MemoryPrinterBag> PrinterBagOf(const Json::Value& members) {
-    TicketHost::PrinterProperties properties;
+std::shared_ptr<Platform::MemoryPrinterBag> PrinterBagOf(const Json::Value& members) {
+    Platform::PrinterProperties properties;
     for (const std::string& name : members.getMemberNames())
         if (members[name].isInt())
             properties[Units(name)] = members[name].asInt();
         else
             properties[Units(name)] = Wide(members[name].asString());
-    return std::make_shared<TicketHost::MemoryPrinterBag>(std::move(properties));
+    return std::make_shared<Platform::MemoryPrinterBag>(std::move(properties));
 }
 
 const Json::Value& ValueOf(const SharedJson& document) {
@@ -69,9 +69,9 @@ std::vector<SampleCall> SampleCalls() {
     return calls;
 }
 
-TicketHost::PipelineProperties SampleProperties() {
+Platform::PipelineProperties SampleProperties() {
     const Json::Value manifest = ReadManifest();
-    TicketHost::PipelineProperties properties = {
+    Platform::PipelineProperties properties = {
         {u"UserSecurityToken", Platform::GetTokenOfUser(0)},
         {u"DriverPropertyBag", PrinterBagOf(manifest["driver"])},
         {u"QueuePropertyBag", PrinterBagOf(manifest["queue"])},
@@ -81,7 +81,7 @@ TicketHost::PipelineProperties SampleProperties() {
     return properties;
 }
 
-std::string Describe(const TicketHost::PipelineProperties& properties, const TicketDocument& ticket,
+std::string Describe(const Platform::PipelineProperties& properties, const TicketDocument& ticket,
                      const OptionTables* tables) {
     std::string text;
     for (const auto& [name, value] : properties)
@@ -112,10 +112,10 @@ void SnapshotCopy::ExpectUntouched(const PTConverter& now) const {
     EXPECT_EQ(now.Tables, before_.Tables);
 }
 
-CallRun::CallRun(const SampleCall& call, const TicketHost::PipelineProperties& properties,
+CallRun::CallRun(const SampleCall& call, const Platform::PipelineProperties& properties,
                  const PTConverter& snapshot, const OptionTables* tables)
     : Snapshot(snapshot),
-      Bag(std::make_shared<TicketHost::MemoryPipelineBag>(properties)),
+      Bag(std::make_shared<Platform::MemoryPipelineBag>(properties)),
       call_(call),
       tables_(tables),
       heldBag_(noFault_.Wrap(Bag)) {}

@@ -22,10 +22,10 @@ struct SampleCall {
 // The calls of Samples/all-settings.json.
 std::vector<SampleCall> SampleCalls();
 // What its bags hold, and the token of a user.
-TicketHost::PipelineProperties SampleProperties();
+Platform::PipelineProperties SampleProperties();
 
 // The properties and the ticket, with what differs between runs and machines as SteadyPjl writes it.
-std::string Describe(const TicketHost::PipelineProperties& properties, const TicketDocument& ticket,
+std::string Describe(const Platform::PipelineProperties& properties, const TicketDocument& ticket,
                      const OptionTables* tables);
 
 // A snapshot as it was, its documents by value, too.
@@ -44,7 +44,7 @@ private:
 // after an error. The bags' own allocations don't fail.
 class CallRun {
 public:
-    CallRun(const SampleCall& call, const TicketHost::PipelineProperties& properties,
+    CallRun(const SampleCall& call, const Platform::PipelineProperties& properties,
             const PTConverter& snapshot, const OptionTables* tables);
 
     TicketDocument NewTicket() const;
@@ -53,7 +53,7 @@ public:
     std::string Result(const TicketDocument& ticket) const;
 
     PTConverter Snapshot;
-    std::shared_ptr<TicketHost::MemoryPipelineBag> Bag;
+    std::shared_ptr<Platform::MemoryPipelineBag> Bag;
 
 private:
     const SampleCall& call_;

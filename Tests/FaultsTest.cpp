@@ -131,7 +131,7 @@ private:
     }
 
     const SampleCall call_;
-    const TicketHost::PipelineProperties properties_;
+    const Platform::PipelineProperties properties_;
     const PTConverter snapshot_;
     const OptionTables tables_;
     std::string golden_;
@@ -221,8 +221,8 @@ constexpr long never = 1'000'000'000;  // the number of no allocation
 
 // The first things that a process does with the module: it takes the tables, loads a ticket and converts it.
 // After an error it does so again, and nothing fails any more.
-void ConvertCold(const SampleCall& call, const TicketHost::PipelineProperties& properties,
-                 Allocator allocator, long number, ColdResults& results) {
+void ConvertCold(const SampleCall& call, const Platform::PipelineProperties& properties, Allocator allocator,
+                 long number, ColdResults& results) {
     LateTables tables;
     CallRun run(call, properties, PTConverter(), &tables.Record);
     const SnapshotCopy before(run.Snapshot);
@@ -269,7 +269,7 @@ TEST(Faults, LeaveAllAsItWasAtFirstUse) {
     if (::testing::UnitTest::GetInstance()->test_to_run_count() > 1)
         GTEST_SKIP() << "other tests of this process may have used it; ctest gives each one a process";
     HideThePrintService();
-    TicketHost::PipelineProperties properties = SampleProperties();
+    Platform::PipelineProperties properties = SampleProperties();
     // At its first use the print service's library does not survive it.
     properties.erase(u"PrinterName");
     void* const shared =

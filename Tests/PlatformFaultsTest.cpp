@@ -19,7 +19,7 @@ namespace {
 constexpr std::u16string_view oldText = u"of an earlier job";
 
 // What became of "PJL" or "DATA", which held the above.
-std::string StateOf(const TicketHost::MemoryPipelineBag& bag, std::u16string_view name) {
+std::string StateOf(const Platform::MemoryPipelineBag& bag, std::u16string_view name) {
     Platform::PropertyValue value;
     if (!bag.GetProperty(name, value)) return "absent";
     return std::get<WideText>(value) == oldText ? "old" : "new";
@@ -68,9 +68,9 @@ public:
 private:
     // False when the call makes fewer of them.
     bool TryOne(long number) {
-        TicketHost::PipelineProperties properties = before_.Bag->Properties();
+        Platform::PipelineProperties properties = before_.Bag->Properties();
         properties[u"PJL"] = properties[u"DATA"] = WideText(oldText);
-        const auto bag = std::make_shared<TicketHost::MemoryPipelineBag>(properties);
+        const auto bag = std::make_shared<Platform::MemoryPipelineBag>(properties);
         PTConverter snapshot = before_.Snapshot;
         const SnapshotCopy copy(snapshot);
         const TicketDocument ticket = MakeDocument(call_.Ticket);
@@ -111,7 +111,7 @@ private:
         return true;
     }
 
-    void ExpectOrder(const TicketHost::MemoryPipelineBag& bag, const std::string& failed) {
+    void ExpectOrder(const Platform::MemoryPipelineBag& bag, const std::string& failed) {
         const std::string pjl = StateOf(bag, u"PJL"), data = StateOf(bag, u"DATA");
         const bool isJob = call_.Level == JobLevel;
         for (const Rule& rule : isJob ? std::span<const Rule>(jobRules) : pageRules)
@@ -158,7 +158,7 @@ TEST(PlatformFaults, LeaveTheSnapshotUntouchedWhateverCallFails) {
 
 // A bag that writes a value and says that there is none: of two properties the saying counts.
 TEST(PlatformFaults, OfTokenAndPrinterNameCountWhateverWasWritten) {
-    const auto bag = std::make_shared<TicketHost::MemoryPipelineBag>(TicketHost::PipelineProperties{
+    const auto bag = std::make_shared<Platform::MemoryPipelineBag>(Platform::PipelineProperties{
         {u"UserSecurityToken", Platform::GetTokenOfUser(0)},
         {u"PrinterName", Wide("office")},
         {u"Series", Wide("S")},

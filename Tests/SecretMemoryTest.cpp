@@ -13,8 +13,8 @@
 #include <vector>
 
 #include "Cases.h"
-#include "Host/ground/MemoryBags.h"
 #include "Platform/CodePages.h"
+#include "Platform/MemoryBags.h"
 #include "secrets/HexText.h"
 #include "secrets/Passphrase.h"
 #include "secrets/SecretPreparation.h"
@@ -116,11 +116,11 @@ void RunOnOwnStack(const std::function<void()>& function) {
     pthread_attr_destroy(&attributes);
 }
 
-PTConverter MakeConverter(TicketHost::PrinterProperties queue) {
+PTConverter MakeConverter(Platform::PrinterProperties queue) {
     PTConverter converter;
-    converter.Pipeline = std::make_shared<TicketHost::MemoryPipelineBag>();
+    converter.Pipeline = std::make_shared<Platform::MemoryPipelineBag>();
     converter.Pipeline->AddProperty(u"EncryptionID", WideText(u"[1,2]"));
-    converter.Queue = std::make_shared<TicketHost::MemoryPrinterBag>(std::move(queue));
+    converter.Queue = std::make_shared<Platform::MemoryPrinterBag>(std::move(queue));
     return converter;
 }
 
@@ -164,7 +164,7 @@ void UsePassphrase(Secret secret) {
     Wiped<std::array<char, LongestPassphrase>> passphrase;
     for (std::size_t place = 0; place < LongestPassphrase; ++place) passphrase.Value[place] = secret[place];
     const std::string stored = WrapPassphrase({passphrase.Value.data(), LongestPassphrase});
-    TicketHost::PrinterProperties queue = {{u"encryptionPassphrase_Flag", 1}};
+    Platform::PrinterProperties queue = {{u"encryptionPassphrase_Flag", 1}};
     queue[u"encryptionPassphrase"] = WideText(std::u16string(stored.begin(), stored.end()));
     ProtectJobSecret(MakeConverter(queue), WideText(u"x"));
 }

@@ -87,15 +87,15 @@ std::string ErrorOf(Function function) {
 
 PTConverter MakeConverter(const std::string& encryptionId) {
     PTConverter converter;
-    converter.Pipeline = std::make_shared<TicketHost::MemoryPipelineBag>();
+    converter.Pipeline = std::make_shared<Platform::MemoryPipelineBag>();
     converter.Pipeline->AddProperty(u"EncryptionID", Wide(encryptionId));
     return converter;
 }
 
 QueueBag MakeQueue(std::int32_t flag, const std::string& passphrase = "") {
-    TicketHost::PrinterProperties properties = {{u"encryptionPassphrase_Flag", flag}};
+    Platform::PrinterProperties properties = {{u"encryptionPassphrase_Flag", flag}};
     if (!passphrase.empty()) properties[u"encryptionPassphrase"] = Wide(passphrase);
-    return std::make_shared<TicketHost::MemoryPrinterBag>(properties);
+    return std::make_shared<Platform::MemoryPrinterBag>(properties);
 }
 
 // Any flag but 1 leaves the passphrase alone.

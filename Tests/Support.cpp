@@ -108,8 +108,8 @@ const std::vector<std::string>& AllTables() {
 }
 }  // namespace
 
-TestHost::TestHost(TicketHost::PipelineProperties pipeline, bool withTables)
-    : Bag(std::make_shared<TicketHost::MemoryPipelineBag>(std::move(pipeline))),
+TestHost::TestHost(Platform::PipelineProperties pipeline, bool withTables)
+    : Bag(std::make_shared<Platform::MemoryPipelineBag>(std::move(pipeline))),
       TableSet(AllTables()),
       Tables(*TableSet.Record()),
       WithTables(withTables) {}

@@ -4,8 +4,8 @@
 #include <string>
 
 #include "Cases.h"
-#include "Host/ground/MemoryBags.h"
 #include "Host/jobs/OptionTableSet.h"
+#include "Platform/MemoryBags.h"
 #include "conversion/DeviceSpecificModule.h"
 #include "conversion/PTConverter.h"
 
@@ -37,7 +37,7 @@ std::string SteadyPjl(const std::string& pjl);
 // A host of the module in memory.
 class TestHost {
 public:
-    explicit TestHost(TicketHost::PipelineProperties pipeline = {}, bool withTables = true);
+    explicit TestHost(Platform::PipelineProperties pipeline = {}, bool withTables = true);
 
     std::int32_t Run(std::int32_t level, const TicketDocument& ticket);
     // The text of a pipeline property; "(null)" for a null one, "(absent)" where there is none, "(other)"
@@ -45,7 +45,7 @@ public:
     std::string Property(std::u16string_view name) const;
     std::string Data() const { return Property(u"DATA"); }
 
-    std::shared_ptr<TicketHost::MemoryPipelineBag> Bag;
+    std::shared_ptr<Platform::MemoryPipelineBag> Bag;
     TicketHost::OptionTableSet TableSet;
     OptionTables Tables;
     bool WithTables;

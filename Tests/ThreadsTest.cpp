@@ -25,7 +25,7 @@ const std::vector<std::string> tableNames(TicketHost::OptionTableNames.begin(),
                                           TicketHost::OptionTableNames.end());
 
 // What each call of a job gave, one after the other. The properties are what the host puts there.
-std::string ConvertJob(const std::vector<SampleCall>& calls, TicketHost::PipelineProperties properties,
+std::string ConvertJob(const std::vector<SampleCall>& calls, Platform::PipelineProperties properties,
                        const OptionTables& tables) {
     PTConverter snapshot;
     std::string results;
@@ -47,7 +47,7 @@ struct Worker {
     int OtherJobs = 0;  // that gave something else than the first
 
     void Convert(const std::vector<SampleCall>& calls, const OptionTables& tables) try {
-        TicketHost::PipelineProperties properties = SampleProperties();
+        Platform::PipelineProperties properties = SampleProperties();
         properties.erase(u"PrinterName");  // the print service would take all the time
         while (Conversions < conversionsInAll / threadCount) {
             const std::string job = ConvertJob(calls, properties, tables);

@@ -34,7 +34,7 @@ struct Host {
 
 class AskedPipelineBag final : public Platform::IPrintPipelinePropertyBag {
 public:
-    AskedPipelineBag(Host& host, TicketHost::PipelineProperties properties)
+    AskedPipelineBag(Host& host, Platform::PipelineProperties properties)
         : host_(host), held_(std::move(properties)) {}
 
     bool GetProperty(std::u16string_view name, Platform::PropertyValue& value) const override {
@@ -52,7 +52,7 @@ public:
 
 private:
     Host& host_;
-    TicketHost::MemoryPipelineBag held_;
+    Platform::MemoryPipelineBag held_;
 };
 
 class AskedPrinterBag final : public Platform::IPrinterPropertyBag {
@@ -94,7 +94,7 @@ private:
     TicketDocument held_;
 };
 
-TicketHost::PipelineProperties BagsOf(Host& host) {
+Platform::PipelineProperties BagsOf(Host& host) {
     const auto bag = [&host](const char* kind) {
         return std::shared_ptr<Platform::IPrinterPropertyBag>(std::make_shared<AskedPrinterBag>(host, kind));
     };
@@ -177,7 +177,7 @@ TEST(Wiring, ConvertsAlikeWithADocumentOfTheBasicOperationsAlone) {
 
 TEST(Wiring, KeepsTheJobsBagsAndItsCommandMapInTheSnapshot) {
     const auto bag = [](const char* map) -> std::shared_ptr<Platform::IPrinterPropertyBag> {
-        return std::make_shared<TicketHost::MemoryPrinterBag>(TicketHost::PrinterProperties{
+        return std::make_shared<Platform::MemoryPrinterBag>(Platform::PrinterProperties{
             {u"CommandMap_S1", Wide(map)}, {u"CommandMap_", Wide(R"({"none":1})")}});
     };
     const auto driver = bag(R"({"driver":1})"), queue = bag(R"({"queue":1})");

@@ -1,6 +1,6 @@
-#include "Host/ground/MemoryBags.h"
+#include "Platform/MemoryBags.h"
 
-namespace TicketHost {
+namespace Platform {
 
 template <typename Type>
 bool MemoryPrinterBag::Get(std::u16string_view name, Type& value) const {
@@ -11,22 +11,20 @@ bool MemoryPrinterBag::Get(std::u16string_view name, Type& value) const {
     return true;
 }
 
-bool MemoryPrinterBag::GetString(std::u16string_view name, Platform::WideText& value) const {
-    return Get(name, value);
-}
+bool MemoryPrinterBag::GetString(std::u16string_view name, WideText& value) const { return Get(name, value); }
 
 bool MemoryPrinterBag::GetInt32(std::u16string_view name, std::int32_t& value) const {
     return Get(name, value);
 }
 
-bool MemoryPipelineBag::GetProperty(std::u16string_view name, Platform::PropertyValue& value) const {
+bool MemoryPipelineBag::GetProperty(std::u16string_view name, PropertyValue& value) const {
     const auto found = properties_.find(name);
     if (found == properties_.end()) return false;
     value = found->second;
     return true;
 }
 
-bool MemoryPipelineBag::AddProperty(std::u16string_view name, const Platform::PropertyValue& value) {
+bool MemoryPipelineBag::AddProperty(std::u16string_view name, const PropertyValue& value) {
     return properties_.try_emplace(std::u16string(name), value).second;
 }
 
@@ -37,4 +35,4 @@ bool MemoryPipelineBag::DeleteProperty(std::u16string_view name) {
     return true;
 }
 
-}  // namespace TicketHost
+}  // namespace Platform

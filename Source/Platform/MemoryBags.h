@@ -1,0 +1,53 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <variant>
+
+#include "Platform/Export.h"
+#include "Platform/PropertyBags.h"
+
+namespace Platform {
+
+// Property bags that live in memory, for hosts that have none of their own. Not locked: what runs at the same
+// time must not share one, but to read. Operations throw std::bad_alloc without memory, and leave the bag as
+// it was.
+
+using PrinterProperties = std::map<std::u16string, std::variant<WideText, std::int32_t>, std::less<>>;
+using PipelineProperties = std::map<std::u16string, PropertyValue, std::less<>>;
+
+// Holds what it was made with; nothing changes it.
+class PLATFORM_API MemoryPrinterBag final : public IPrinterPropertyBag {
+public:
+    explicit MemoryPrinterBag(PrinterProperties properties = {}) : properties_(std::move(properties)) {}
+
+    bool GetString(std::u16string_view name, WideText& value) const override;
+    bool GetInt32(std::u16string_view name, std::int32_t& value) const override;
+
+private:
+    template <typename Type>
+    bool Get(std::u16string_view name, Type& value) const;
+
+    PrinterProperties properties_;
+};
+
+class PLATFORM_API MemoryPipelineBag final : public IPrintPipelinePropertyBag {
+public:
+    explicit MemoryPipelineBag(PipelineProperties properties = {}) : properties_(std::move(properties)) {}
+
+    bool GetProperty(std::u16string_view name, PropertyValue& value) const override;
+    bool AddProperty(std::u16string_view name, const PropertyValue& value) override;
+    bool DeleteProperty(std::u16string_view name) override;
+
+    // All that the bag holds, in the order of the names. Valid until the next change.
+    const PipelineProperties& Properties() const { return properties_; }
+
+private:
+    PipelineProperties properties_;
+};
+
+}  // namespace Platform
