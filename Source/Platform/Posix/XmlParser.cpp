@@ -49,8 +49,9 @@ void Refuse(void* context, const char* reason) {
     xmlStopParser(parser);
 }
 
-// The parser takes the name of a namespace for empty when it has no memory for it. It stands behind the
-// value's end then, and of an empty value the two quotes are side by side.
+// The parser takes the name of a namespace for empty when it has no memory for it; also when it has just
+// refused the name's first character. It stands behind the value's end then, and of an empty value the two
+// quotes are side by side.
 bool LacksMemoryForName(void* parser, const char* reason) {
     const xmlParserInput* input = static_cast<xmlParserCtxtPtr>(parser)->input;
     return std::string_view(reason).find("Empty XML namespace") != std::string_view::npos &&
@@ -65,7 +66,7 @@ void OnParseError(void* parser, xmlErrorPtr error) {
     if (error->level < XML_ERR_ERROR) return;
     ParseRecord& record = RecordOf(parser);
     if (error->code == XML_ERR_NO_MEMORY || error->message == nullptr ||
-        LacksMemoryForName(parser, error->message))
+        (!record.Failed && LacksMemoryForName(parser, error->message)))
         record.OutOfMemory = true;
     record.Note(error->line, error->int2, error->message == nullptr ? "" : error->message);
 }
