@@ -15,19 +15,6 @@ namespace {
 
 using Platform::CodePage;
 
-// libxml2 2.9.14 writes the names of namespaces as they are, so a document with one of these in a name
-// doesn't load again, or as another one. To be deleted with its only use as soon as such names are refused or
-// escaped.
-bool NamesOddNamespace(std::u16string_view xml) {
-    for (std::size_t at = 0; (at = xml.find(u"xmlns", at)) != xml.npos; at += 5) {
-        const std::size_t quote = xml.find_first_of(u"'\"<>", at);
-        if (quote == xml.npos || xml[quote] == u'<' || xml[quote] == u'>') continue;
-        const std::u16string_view name = xml.substr(quote + 1, xml.find(xml[quote], quote + 1) - quote - 1);
-        if (name.find_first_of(u"<&\"\t\r\n") != name.npos) return true;
-    }
-    return false;
-}
-
 // CDATA sections that stand side by side load as one.
 std::u16string WithSectionsJoined(std::u16string_view xml) {
     constexpr std::u16string_view meeting = u"]]><![CDATA[";
@@ -95,7 +82,6 @@ TicketDocument LoadTicket(std::string_view bytes) {
 
 void RequireReloads(const TicketDocument& ticket) {
     const WideText xml = ticket->xml();
-    if (NamesOddNamespace(xml.View())) return;
     Platform::ParseError error;
     const TicketDocument again = Platform::LoadTicketDocument(xml, error);
     Require(again != nullptr, "a ticket's text loads again", xml.View());
