@@ -1,5 +1,6 @@
 #include <json/value.h>
 
+#include <algorithm>
 #include <memory>
 #include <sstream>
 
@@ -15,15 +16,16 @@
 namespace Fuzz {
 namespace {
 
-// Whether a terminal only shows the text: UTF-8 without control characters but line feeds.
+// Whether a terminal only shows the text: UTF-8 without control characters but line feeds, and without what
+// turns the order of the text beside it or ends a line.
 bool IsHarmless(std::string_view text) {
-    for (std::size_t at = 0; at < text.size(); ++at) {
-        const auto byte = static_cast<unsigned char>(text[at]);
-        const auto next = static_cast<unsigned char>(at + 1 < text.size() ? text[at + 1] : 0);
-        if ((byte < 0x20 && byte != '\n') || byte == 0x7F) return false;
-        if (byte == 0xC2 && next >= 0x80 && next < 0xA0) return false;
-    }
-    return Narrow(Wide(text).View()) == text;
+    const WideText units = Wide(text);
+    const auto acts = [](char16_t unit) {
+        return (unit < 0x20 && unit != u'\n') || (unit >= 0x7F && unit < 0xA0) || unit == 0x061C ||
+               unit == 0x200E || unit == 0x200F || (unit >= 0x2028 && unit <= 0x202E) ||
+               (unit >= 0x2066 && unit <= 0x2069);
+    };
+    return std::ranges::none_of(units.View(), acts) && Narrow(units.View()) == text;
 }
 
 void RequireCall(const Json::Value& said, const TicketHost::CallResult& result) {
