@@ -21,10 +21,9 @@ namespace {
 
 constexpr const char* wideName = std::endian::native == std::endian::little ? "UTF-16LE" : "UTF-16BE";
 
-std::string& ThreadCodePageName() {
-    thread_local std::string name;
-    return name;
-}
+// Ends with a zero. No string: that would be destroyed with its thread, and the C library ends the process
+// when it has no memory to note that.
+constinit thread_local char chosenName[64] = {};
 
 // The "C" locale says ASCII, but means that nobody chose: there the texts are UTF-8.
 std::string NameOfCodeset(const char* codeset) {
@@ -49,8 +48,7 @@ std::string SystemCodePageName() {
 std::string NameOf(CodePage page) {
     if (page == CodePage::Utf8) return "UTF-8";
     if (page == CodePage::System) return SystemCodePageName();
-    const std::string& chosen = ThreadCodePageName();
-    return chosen.empty() ? NameOfCodeset(nl_langinfo(CODESET)) : chosen;
+    return chosenName[0] == '\0' ? NameOfCodeset(nl_langinfo(CODESET)) : chosenName;
 }
 
 using Take = std::function<void(std::string_view)>;
@@ -153,7 +151,11 @@ bool ConvertUnits(const std::string& page, std::u16string_view units, bool byCha
 
 }  // namespace
 
-void SetThreadCodePage(std::string_view name) { ThreadCodePageName() = name; }
+// No code page has a longer name than there is room for.
+void SetThreadCodePage(std::string_view name) {
+    const std::size_t length = name.copy(chosenName, sizeof chosenName - 1);
+    chosenName[length] = '\0';
+}
 
 bool ConvertToWide(CodePage page, std::string_view bytes, WideText& text) try {
     const std::string name = NameOf(page);

@@ -5,9 +5,12 @@
 #include <libxml/parserInternals.h>
 
 #include <algorithm>
+#include <atomic>
 #include <climits>
+#include <functional>
 #include <mutex>
 #include <new>
+#include <thread>
 #include <utility>
 
 namespace Platform {
@@ -151,23 +154,50 @@ void RefuseCrowdedElements(std::string_view bytes, ParseRecord& record) {
 
 using Parser = std::unique_ptr<xmlParserCtxt, decltype(&xmlFreeParserCtxt)>;
 
-// The dictionary of names that a thread's last document left, for its next one. The library takes a lock of
-// the whole process to free one.
-struct KeptDictionary {
-    xmlDictPtr Kept = nullptr;
+// Dictionaries of names that documents left, for the next ones. The library takes a lock of the whole process
+// to free one. They belong to no thread: what is destroyed with its thread costs memory when the thread first
+// uses it, and the C library ends the process when it has none.
+class KeptDictionaries {
+public:
+    ~KeptDictionaries() {
+        for (std::atomic<xmlDictPtr>& place : places_) xmlDictFree(place.exchange(nullptr));
+    }
+    // Null when there is none.
+    xmlDictPtr Take() {
+        for (std::size_t at = 0, first = FirstPlace(); at < places; ++at) {
+            std::atomic<xmlDictPtr>& place = places_[(first + at) % places];
+            if (place.load(std::memory_order_relaxed) == nullptr) continue;
+            if (const xmlDictPtr taken = place.exchange(nullptr)) return taken;
+        }
+        return nullptr;
+    }
+    // False when all places are taken.
+    bool Keep(xmlDictPtr dictionary) {
+        for (std::size_t at = 0, first = FirstPlace(); at < places; ++at) {
+            xmlDictPtr none = nullptr;
+            if (places_[(first + at) % places].compare_exchange_strong(none, dictionary)) return true;
+        }
+        return false;
+    }
 
-    ~KeptDictionary() { xmlDictFree(Kept); }
+private:
+    static constexpr std::size_t places = 16;
+
+    // Mostly a thread's own.
+    static std::size_t FirstPlace() { return std::hash<std::thread::id>()(std::this_thread::get_id()); }
+
+    std::atomic<xmlDictPtr> places_[places] = {};
 };
-thread_local KeptDictionary dictionaries;
+constinit KeptDictionaries kept;
 
-// Names of one thread's tickets are mostly the same; others' don't pile up.
+// Names of one host's tickets are mostly the same; others' don't pile up.
 constexpr std::size_t mostKept = 65'536;  // bytes
 
 Parser NewParser(ParseRecord& record, xmlDictPtr dictionary) {
     Parser parser(xmlNewParserCtxt(), xmlFreeParserCtxt);
     if (!parser) ThrowResult(ResultOutOfMemory);
     if (dictionary == nullptr)
-        dictionary = std::exchange(dictionaries.Kept, nullptr);
+        dictionary = kept.Take();
     else
         xmlDictReference(dictionary);
     if (dictionary != nullptr) xmlDictFree(std::exchange(parser->dict, dictionary));
@@ -216,9 +246,7 @@ Tree::~Tree() {
     xmlFreeNodeList(std::exchange(Document->children, nullptr));  // whose names the dictionary may hold
     const xmlDictPtr dictionary = std::exchange(Document->dict, nullptr);
     xmlFreeDoc(Document);
-    if (!SharesDictionary && dictionaries.Kept == nullptr && xmlDictGetUsage(dictionary) <= mostKept)
-        dictionaries.Kept = dictionary;
-    else
+    if (SharesDictionary || xmlDictGetUsage(dictionary) > mostKept || !kept.Keep(dictionary))
         xmlDictFree(dictionary);
 }
 
