@@ -238,8 +238,10 @@ private:
 };
 
 TicketDocument Load(std::string_view bytes, Encoding encoding, ParseError& error) {
-    std::shared_ptr<Tree> tree = WithOneMemoryError([&] { return Parse(bytes, encoding, &error); });
-    return tree ? WithOneMemoryError([&] { return std::make_shared<Document>(std::move(tree)); }) : nullptr;
+    return WithOneMemoryError([&]() -> TicketDocument {
+        std::shared_ptr<Tree> tree = Parse(bytes, encoding, &error);
+        return tree ? std::make_shared<Document>(std::move(tree)) : nullptr;
+    });
 }
 
 }  // namespace
