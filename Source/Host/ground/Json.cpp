@@ -82,8 +82,24 @@ std::string EscapeOf(char32_t character) {
     return escape;
 }
 
-bool IsPrinterBag(const Platform::PropertyValue& value) {
-    return std::holds_alternative<std::shared_ptr<Platform::IPrinterPropertyBag>>(value);
+// What stands between the members of an object.
+struct Spaces {
+    std::string BeforeFirst, BeforeNext, BehindLast;
+};
+
+void WriteMembers(std::ostream& out, const PipelineProperties& properties, const Spaces& spaces) {
+    JsonWriter json(out);
+    bool empty = true;
+    out << "{";
+    for (const auto& [name, value] : properties) {
+        if (IsPrinterBag(value)) continue;
+        out << (empty ? spaces.BeforeFirst : spaces.BeforeNext);
+        json.Write(ToUtf8(name));
+        out << ": ";
+        std::visit(WriteValue{out, json}, value);
+        empty = false;
+    }
+    out << (empty ? "" : spaces.BehindLast) << "}";
 }
 
 }  // namespace
@@ -100,6 +116,10 @@ Json::Value ReadJson(const std::string& file, std::string_view bytes) {
         throw InputError(file, "nested too deeply");
     }
     FailWithReaderErrors(file, errors);
+}
+
+bool IsPrinterBag(const Platform::PropertyValue& value) {
+    return std::holds_alternative<std::shared_ptr<Platform::IPrinterPropertyBag>>(value);
 }
 
 JsonWriter::JsonWriter(std::ostream& out) : out_(out) {
@@ -135,19 +155,12 @@ void JsonWriter::Write(const Platform::WideText& text) {
 }
 
 void WriteProperties(std::ostream& out, const PipelineProperties& properties, int indent) {
-    JsonWriter json(out);
     const std::string lineEnd = std::string("\n").append(static_cast<std::size_t>(indent), ' ');
-    const char* separator = "";
-    out << "{";
-    for (const auto& [name, value] : properties) {
-        if (IsPrinterBag(value)) continue;
-        out << separator << lineEnd << "  ";
-        json.Write(ToUtf8(name));
-        out << ": ";
-        std::visit(WriteValue{out, json}, value);
-        separator = ",";
-    }
-    out << (*separator == '\0' ? "" : lineEnd) << "}";
+    WriteMembers(out, properties, {lineEnd + "  ", "," + lineEnd + "  ", lineEnd});
+}
+
+void WritePropertiesInLine(std::ostream& out, const PipelineProperties& properties) {
+    WriteMembers(out, properties, {"", ", ", ""});
 }
 
 }  // namespace TicketHost

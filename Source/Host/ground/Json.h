@@ -29,8 +29,13 @@ private:
     std::unique_ptr<Json::StreamWriter> writer_;
 };
 
+// Printer bags have no form in JSON.
+bool IsPrinterBag(const Platform::PropertyValue& value);
+
 // Writes the properties as one JSON object without its printer bags. All lines but the first are indented by
 // `indent` blanks.
 void WriteProperties(std::ostream& out, const PipelineProperties& properties, int indent);
+// The same object, all in one line.
+void WritePropertiesInLine(std::ostream& out, const PipelineProperties& properties);
 
 }  // namespace TicketHost

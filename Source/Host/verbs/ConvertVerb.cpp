@@ -6,6 +6,7 @@
 #include "Host/ground/StandardStreams.h"
 #include "Host/jobs/JobRunner.h"
 #include "Host/output/FileOutput.h"
+#include "Host/output/JsonLinesOutput.h"
 #include "Host/output/JsonOutput.h"
 #include "Host/output/TerminalSinks.h"
 #include "Host/output/TextOutput.h"
@@ -37,6 +38,8 @@ void AddSinks(const ConvertOptions& options, StandardOutput& output, SinkList& s
     if (!options.Folder.empty()) sinks.Add(std::make_unique<FileOutput>(options.Folder));
     if (asText)
         sinks.Add(std::make_unique<TextOutput>(output.Stream(), WantsColour()));
+    else if (options.Format == "jsonl")
+        sinks.Add(std::make_unique<JsonLinesOutput>(output.Stream()));
     else
         sinks.Add(std::make_unique<JsonOutput>(output.Stream()));
     sinks.Add(std::make_unique<SendingSink>(output));
@@ -60,8 +63,11 @@ void AddConvertVerb(CLI::App& app, Action& action) {
     CLI::App* verb =
         app.add_subcommand("convert", "Converts tickets and shows what came of them")->group("Verbs");
     AddJobOptions(*verb, options->Job);
-    verb->add_option("--format", options->Format, "text, for a person (default), or json, one document")
-        ->check(CLI::IsMember({"text", "json"}))
+    verb->add_option(
+            "--format", options->Format,
+            "text, for a person (default); json, one document, where each call repeats all properties; "
+            "jsonl, a line for each call with what it changed, for long jobs")
+        ->check(CLI::IsMember({"text", "json", "jsonl"}))
         ->type_name("FORMAT");
     verb->add_option("--out", options->Folder, "Also write the raw results as files into this folder")
         ->type_name("DIR");
