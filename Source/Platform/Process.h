@@ -1,5 +1,9 @@
 #pragma once
 
+#include <cstddef>
+#include <span>
+#include <system_error>
+
 #include "Platform/Export.h"
 #include "Platform/PropertyBags.h"
 
@@ -18,5 +22,9 @@ PLATFORM_API TokenHandle GetCallingUser();
 // From here on the standard output passes bytes on as they are, line ends included, and writing to a pipe
 // that nobody reads fails like any other write rather than end the process.
 PLATFORM_API void PrepareStandardOutput();
+
+// Reads bytes of the standard input as they are into `room`, waits for the first one, and gives their number;
+// 0 at its end, and when it can't be read: `error` then says why.
+PLATFORM_API std::size_t ReadStandardInput(std::span<char> room, std::error_code& error);
 
 }  // namespace Platform

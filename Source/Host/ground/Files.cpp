@@ -3,11 +3,12 @@
 #include <cerrno>
 #include <cstdint>
 #include <cstdio>
-#include <memory>
+#include <span>
 #include <system_error>
 
 #include "Host/ground/Errors.h"
 #include "Platform/Files.h"
+#include "Platform/Process.h"
 
 namespace TicketHost {
 namespace {
@@ -16,11 +17,6 @@ namespace fs = std::filesystem;
 
 constexpr std::uintmax_t largestInput = std::uintmax_t{1} << 30;
 constexpr const char* tooLarge = "larger than 1 GiB";
-
-struct CloseFile {
-    void operator()(std::FILE* file) const { std::fclose(file); }
-};
-using FileHandle = std::unique_ptr<std::FILE, CloseFile>;
 
 std::error_code LastError() { return {errno, std::generic_category()}; }
 
@@ -37,24 +33,47 @@ void RefuseUnlessRegular(const fs::path& file) {
     if (!fs::is_regular_file(status)) throw InputError(file.string(), "not a regular file");
 }
 
+// Appends what `read` puts into the room that it is given, until it gives 0. `name` is for errors.
+template <typename Function>
+void ReadAll(const fs::path& name, std::string& bytes, Function read) {
+    char room[65536];
+    while (const std::size_t count = read(std::span<char>(room))) {
+        if (bytes.size() + count > largestInput) throw InputError(name.string(), tooLarge);
+        bytes.append(room, count);
+    }
+}
+
 }  // namespace
 
-std::string ReadFile(const fs::path& file) {
+FileHandle OpenToRead(const fs::path& file) {
     RefuseUnlessRegular(file);
-    const FileHandle stream(Platform::OpenFile(file, "rb"));
+    FileHandle stream(Platform::OpenFile(file, "rb"));
     if (!stream) FailToRead(file, LastError());
+    return stream;
+}
+
+std::string ReadFile(const fs::path& file) {
+    const FileHandle stream = OpenToRead(file);
     std::error_code error;
     const std::uintmax_t size = fs::file_size(file, error);
     if (error) FailToRead(file, error);
     if (size > largestInput) throw InputError(file.string(), tooLarge);
     std::string bytes;
     bytes.reserve(static_cast<std::size_t>(size));
-    char room[65536];
-    while (const std::size_t count = std::fread(room, 1, sizeof room, stream.get())) {
-        if (bytes.size() + count > largestInput) throw InputError(file.string(), tooLarge);
-        bytes.append(room, count);
-    }
+    ReadAll(file, bytes,
+            [&](std::span<char> room) { return std::fread(room.data(), 1, room.size(), stream.get()); });
     if (std::ferror(stream.get()) != 0) FailToRead(file, LastError());
+    return bytes;
+}
+
+std::string ReadStandardInput() {
+    std::string bytes;
+    ReadAll(StandardInputName, bytes, [](std::span<char> room) {
+        std::error_code error;
+        const std::size_t count = Platform::ReadStandardInput(room, error);
+        if (error) FailToRead(StandardInputName, error);
+        return count;
+    });
     return bytes;
 }
 

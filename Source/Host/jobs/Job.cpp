@@ -1,14 +1,14 @@
 #include "Host/jobs/Job.h"
 
-#include <algorithm>
 #include <filesystem>
-#include <map>
+#include <utility>
 
 #include "Host/ground/Errors.h"
-#include "Host/ground/Files.h"
 #include "Host/ground/Texts.h"
+#include "Host/jobs/Input.h"
 #include "Host/jobs/Manifest.h"
 #include "Host/jobs/OptionTableSet.h"
+#include "Host/jobs/TicketFiles.h"
 #include "Platform/Process.h"
 #include "conversion/DeviceSpecificModule.h"
 
@@ -28,76 +28,60 @@ Platform::TicketDocument Load(const Ticket& ticket, const std::string& name) {
     throw InputError(placed ? name + place : name, error.Reason);
 }
 
-std::shared_ptr<const Ticket> ReadTicketFile(const fs::path& file) {
-    auto ticket = std::make_shared<Ticket>(Ticket{file.string(), ReadFile(file)});
-    Load(*ticket, ticket->Name);
-    return ticket;
-}
-
-Job ReadTicketJob(const fs::path& file) {
-    Job job{file.string(), {}, {}};
+// A job that doesn't say how it is to be run: by the calling user, with all tables.
+Job MakeUsersJob(const std::string& name, std::vector<Call> calls) {
+    Job job{name, {}, std::move(calls)};
     job.Settings.Pipeline[u"UserSecurityToken"] = Platform::GetCallingUser();
     job.Settings.Tables.emplace(OptionTableNames.begin(), OptionTableNames.end());
-    job.Calls.push_back({DeviceSpecificModule::JobLevel, ReadTicketFile(file)});
     return job;
 }
 
-// Gives the tickets that a manifest names, each file only once.
-class ManifestTickets {
-public:
-    explicit ManifestTickets(const fs::path& manifest)
-        : name_(manifest.string()), folder_(manifest.parent_path()) {}
+Job MakeTicketJob(const std::string& name, std::shared_ptr<const Ticket> ticket) {
+    return MakeUsersJob(name, {{DeviceSpecificModule::JobLevel, std::move(ticket)}});
+}
 
-    std::shared_ptr<const Ticket> Read(const ManifestCall& call, std::size_t index) {
-        if (call.IsInline()) return ReadInline(call, index);
-        const std::u8string name(call.Ticket.begin(), call.Ticket.end());  // plain chars needn't be UTF-8
-        const fs::path file = (folder_ / name).lexically_normal();
-        std::shared_ptr<const Ticket>& ticket = files_[file];
-        if (!ticket) ticket = ReadTicketFile(file);
-        return ticket;
-    }
+Job MakePackageJob(const Input& input) {
+    Job job = MakeUsersJob(input.Name, ReadPackageCalls(*input.Source));
+    job.Source = input.Source;
+    return job;
+}
 
-private:
-    std::shared_ptr<const Ticket> ReadInline(const ManifestCall& call, std::size_t index) const {
-        auto ticket = std::make_shared<Ticket>(Ticket{"inline ticket", FromUtf8(call.Ticket)});
-        Load(*ticket, name_ + ": calls[" + std::to_string(index) + "].ticket");
-        return ticket;
-    }
+std::shared_ptr<const Ticket> ReadTicket(const ManifestCall& call, const std::string& place,
+                                         const fs::path& folder, TicketFiles& files) {
+    if (call.IsInline()) return MakeTicket({"inline ticket", FromUtf8(call.Ticket)}, place);
+    const std::u8string name(call.Ticket.begin(), call.Ticket.end());  // plain chars needn't be UTF-8
+    return files.Read((folder / name).lexically_normal());
+}
 
-    std::string name_;
-    fs::path folder_;
-    std::map<fs::path, std::shared_ptr<const Ticket>> files_;
-};
-
-Job ReadManifestJob(const fs::path& file) {
-    Manifest manifest = ParseManifest(file.string(), ReadFile(file));
-    Job job{file.string(), std::move(manifest.Settings), {}};
+// The tickets' paths count from `folder`.
+Job MakeManifestJob(const Input& input, const fs::path& folder) {
+    Manifest manifest = ParseManifest(input.Name, input.Bytes);
+    Job job{input.Name, std::move(manifest.Settings), {}};
     job.Calls.reserve(manifest.Calls.size());
-    ManifestTickets tickets(file);
+    TicketFiles files;
     for (std::size_t index = 0; index < manifest.Calls.size(); ++index) {
         const ManifestCall& call = manifest.Calls[index];
-        job.Calls.push_back({call.Level, tickets.Read(call, index)});
+        const std::string place = input.Name + ": calls[" + std::to_string(index) + "].ticket";
+        job.Calls.push_back({call.Level, ReadTicket(call, place, folder, files)});
     }
     return job;
-}
-
-Job ReadPackageJob(const fs::path& file) { throw InputError(file.string(), "packages cannot be read yet"); }
-
-std::string LowerCase(std::string text) {
-    std::transform(text.begin(), text.end(), text.begin(),
-                   [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; });
-    return text;
 }
 
 }  // namespace
 
 Job ReadJob(const std::string& file) {
-    const fs::path path(file);
-    const std::string extension = LowerCase(path.extension().string());
-    if (extension == ".xml") return ReadTicketJob(path);
-    if (extension == ".json") return ReadManifestJob(path);
-    if (extension == ".xps" || extension == ".oxps") return ReadPackageJob(path);
-    throw InputError(file, "not a ticket (.xml), a manifest (.json) or a package (.xps, .oxps) by its name");
+    TicketFiles files;
+    if (files.IsInPackage(file)) return MakeTicketJob(file, files.Read(file));
+    Input input = ReadInput(file);
+    if (input.Kind == InputKind::Package) return MakePackageJob(input);
+    if (input.Kind == InputKind::Manifest)
+        return MakeManifestJob(input, file == "-" ? fs::path() : fs::path(file).parent_path());
+    return MakeTicketJob(input.Name, MakeTicket({input.Name, std::move(input.Bytes)}, input.Name));
+}
+
+std::shared_ptr<const Ticket> MakeTicket(Ticket ticket, const std::string& place) {
+    Load(ticket, place);
+    return std::make_shared<const Ticket>(std::move(ticket));
 }
 
 Platform::TicketDocument LoadTicket(const Ticket& ticket) { return Load(ticket, ticket.Name); }

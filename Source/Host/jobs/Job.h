@@ -24,8 +24,10 @@ struct JobSettings {
 
 // A ticket whose text has been found to load. Calls may share it; each loads a document of its own from it.
 struct Ticket {
-    std::string Name;                                       // its file, or "inline ticket"
+    // Its file, with the part behind it where it comes from a package, "inline ticket", or "FILE: no ticket".
+    std::string Name;
     std::variant<std::string, Platform::WideText> Content;  // a file's bytes, or a text
+    std::string Part = {};                                  // its name in the package that it comes from
 };
 
 struct Call {
@@ -33,20 +35,30 @@ struct Call {
     std::shared_ptr<const Ticket> Source;
 };
 
+struct Package;
+
 struct Job {
-    std::string Name;  // the file that it came from
+    std::string Name;  // the file that it came from, or "standard input"
     JobSettings Settings;
     std::vector<Call> Calls;
+    std::shared_ptr<const Package> Source = {};  // the package that it is; null for other jobs
 };
 
-// Reads a job by its file's name:
+// Reads a job from a file, or from the standard input when that is "-". Its content says what it is, whatever
+// its name:
 //
-//   .xml          one ticket: a single call at job level, submitted by the calling user
-//   .json         a manifest (Manifest.h), whose tickets' paths count from its folder
-//   .xps, .oxps   a package
+//   a ticket      begins with "<": a single call at job level, submitted by the calling user
+//   a manifest    begins with "{" (Manifest.h); the paths of its tickets count from its folder, or from the
+//                 current one when it comes from the standard input
+//   a package     a ZIP archive (Package.h): a whole print job, submitted by the calling user
 //
-// All tickets are read, each file once, and checked. Throws InputError when one of them can't be used.
+// A byte order mark and white space may stand ahead of the first two. A path to a ticket may go on behind a
+// package: "job.xps/Metadata/Job_PT.xml". All tickets are read, each file and part once, and checked. Throws
+// InputError when one of them can't be used.
 Job ReadJob(const std::string& file);
+
+// A ticket that calls may share, found to load. Throws InputError, "PLACE:LINE:COLUMN: cause".
+std::shared_ptr<const Ticket> MakeTicket(Ticket ticket, const std::string& place);
 
 // Loads a document of its own for one call. Throws InputError, but not for a ticket that ReadJob gave.
 Platform::TicketDocument LoadTicket(const Ticket& ticket);

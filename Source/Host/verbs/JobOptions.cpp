@@ -72,7 +72,9 @@ void AddProperties(CLI::App& verb, const char* option, std::vector<std::string>&
 
 void AddJobOptions(CLI::App& verb, JobOptions& options) {
     verb.add_option("JOB", options.File,
-                    "A job ticket (.xml), a manifest of several calls (.json) or a package (.xps, .oxps)")
+                    "A job ticket (XML), a manifest of several calls (JSON) or an XPS or OpenXPS package "
+                    "(ZIP), told by its "
+                    "content; - reads it from the standard input")
         ->required();
     AddProperties(verb, "--pipeline", options.Pipeline, "Set a property of the pipeline; may be repeated");
     AddProperties(verb, "--driver", options.Driver, "Set a property of the driver; may be repeated");
