@@ -1,13 +1,19 @@
 #include <gtest/gtest.h>
+#include <pty.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include <array>
+#include <sstream>
 
 #include "Host/ground/Nearest.h"
+#include "Host/ground/Texts.h"
+#include "HostTool.h"
 
 namespace TicketHost {
 namespace {
 
-TEST(Terminal, TheNearestNameIsTheOneWithTheFewestSlips) {
+TEST(Nearest, TheNearestNameIsTheOneWithTheFewestSlips) {
     constexpr std::array<std::string_view, 7> names = {"convert",          "tables", "passphrase", "text",
                                                        "TwoSidedLongEdge", "json",   "jsonl"};
     const std::pair<std::string, std::string_view> rows[] = {
@@ -35,6 +41,92 @@ TEST(Terminal, TheNearestNameIsTheOneWithTheFewestSlips) {
     EXPECT_EQ(FindNearest("a", std::array<std::string_view, 1>{"b"}), "");
     EXPECT_EQ(FindNearest("text", {}), "");
     EXPECT_EQ(DidYouMean("Table", names) + DidYouMean("xyz", names), "; did you mean tables?");
+}
+
+// What it shows on a terminal of so many columns.
+std::string ShownAt(unsigned short columns, const std::string& command) {
+    const winsize size{24, columns, 0, 0};
+    int terminal = -1;
+    const pid_t child = forkpty(&terminal, nullptr, nullptr, &size);
+    if (child == 0) {
+        alarm(60);
+        execl("/bin/sh", "sh", "-c", ("exec '" TICKETHOST "' " + command).c_str(), nullptr);
+        _exit(99);
+    }
+    std::string shown;
+    char byte = 0;
+    while (read(terminal, &byte, 1) == 1)
+        if (byte != '\r') shown += byte;
+    int status = -1;
+    waitpid(child, &status, 0);
+    close(terminal);
+    EXPECT_EQ(status, 0) << command;
+    return shown;
+}
+
+std::size_t WidestLineOf(const std::string& text) {
+    std::size_t widest = 0;
+    std::istringstream lines(text);
+    for (std::string line; std::getline(lines, line);) widest = std::max(widest, CountCharacters(line));
+    return widest;
+}
+
+using Terminal = HostTool;
+
+TEST_F(Terminal, HelpOfEachVerbFits) {
+    const std::string help = Run("help").Output;
+    EXPECT_EQ(help, Run("--help").Output);
+    EXPECT_LE(WidestLineOf(help), 80U) << help;
+    std::istringstream lines(help.substr(help.find("\nVerbs:\n") + 8));
+    int verbs = 0;
+    for (std::string line; std::getline(lines, line) && !line.empty(); ++verbs) {
+        const std::string verb = line.substr(2, line.find(' ', 2) - 2);
+        if (verb.empty()) continue;  // the next line of a description
+        const Outcome outcome = Run("help " + verb);
+        EXPECT_TRUE(outcome.Status == 0 && outcome.Output == Run(verb + " --format --help --x").Output)
+            << verb;
+        EXPECT_NE(outcome.Output.find("\nUsage: tickethost " + verb + " [OPTIONS]"), std::string::npos)
+            << verb;
+        EXPECT_LE(WidestLineOf(outcome.Output), 80U) << outcome.Output;
+        EXPECT_LE(WidestLineOf(ShownAt(64, "help " + verb)), 64U) << verb;
+    }
+    EXPECT_GE(verbs, 4);
+    EXPECT_EQ(Run("--version").Output, "tickethost 0.1.0\n");
+}
+
+std::string WithoutSpace(std::string text) {
+    std::erase_if(text, [](char c) { return c == ' ' || c == '\n'; });
+    return text;
+}
+
+// Nothing is lost where lines break; a terminal that doesn't tell its width has 80 columns, and a pipe no
+// end.
+TEST_F(Terminal, TablesFit) {
+    const std::string whole = Run("tables").Output;
+    EXPECT_GT(WidestLineOf(whole), 100U);
+    for (const unsigned short columns : {60, 80, 0, 500}) {
+        const std::string shown = ShownAt(columns, "tables");
+        EXPECT_LE(WidestLineOf(shown), columns == 0 ? 80U : columns) << shown;
+        EXPECT_EQ(WithoutSpace(shown), WithoutSpace(whole));
+    }
+    EXPECT_EQ(ShownAt(500, "tables"), whole);
+}
+
+TEST_F(Terminal, ColoursAreForWhoWantsThem) {
+    Write("a.xml", "<a/>");
+    const std::string job = "'" + (folder_ / "a.xml").string() + "'";
+    const auto hasColours = [](const std::string& shown) { return shown.find('\x1B') != std::string::npos; };
+    unsetenv("NO_COLOR");
+    EXPECT_TRUE(hasColours(ShownAt(80, "convert " + job)));
+    EXPECT_FALSE(hasColours(ShownAt(80, "convert --color never " + job)));
+    EXPECT_TRUE(hasColours(Run("convert --color always " + job).Output));
+    EXPECT_FALSE(hasColours(Run("convert --color auto " + job).Output));
+    setenv("NO_COLOR", "1", 1);
+    EXPECT_FALSE(hasColours(ShownAt(80, "convert " + job)));
+    EXPECT_TRUE(hasColours(ShownAt(80, "convert --color always " + job)));
+    setenv("NO_COLOR", "", 1);
+    EXPECT_TRUE(hasColours(ShownAt(80, "convert " + job)));
+    unsetenv("NO_COLOR");
 }
 
 }  // namespace

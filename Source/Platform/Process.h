@@ -16,6 +16,10 @@ enum class StandardStream { Output, Error };
 // Whether the stream goes to a terminal, and so to a person.
 PLATFORM_API bool IsTerminal(StandardStream stream);
 
+// How many characters fit into one line of the terminal that the stream goes to; 0 when the terminal doesn't
+// tell or the stream goes elsewhere.
+PLATFORM_API std::size_t GetTerminalWidth(StandardStream stream);
+
 // The user that this process runs as.
 PLATFORM_API TokenHandle GetCallingUser();
 

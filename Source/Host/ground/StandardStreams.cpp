@@ -3,10 +3,12 @@
 #include <cerrno>
 #include <cstdio>
 #include <iostream>
+#include <limits>
 #include <system_error>
 
 #include "Host/ground/Errors.h"
 #include "Host/ground/Texts.h"
+#include "Platform/Process.h"
 
 namespace TicketHost {
 
@@ -18,6 +20,13 @@ void StandardOutput::Send() {
     pending_.str("");
     if (cause == std::errc::broken_pipe) throw NobodyReads();
     if (!arrived) throw OutputError("standard output: " + cause.message());
+}
+
+std::size_t OutputWidth() {
+    using Platform::StandardStream;
+    if (!Platform::IsTerminal(StandardStream::Output)) return std::numeric_limits<std::size_t>::max();
+    const std::size_t width = Platform::GetTerminalWidth(StandardStream::Output);
+    return width == 0 ? 80 : width;
 }
 
 void WriteErrorLine(std::string_view line) { std::cerr << "tickethost: " << Visible(line) << "\n"; }

@@ -17,6 +17,10 @@ private:
     std::ostringstream pending_;
 };
 
+// How many characters a line of the standard output should have at most: what the terminal holds, or 80 where
+// it doesn't tell. No limit where no terminal shows it.
+std::size_t OutputWidth();
+
 // Writes "tickethost: LINE" to the standard error.
 void WriteErrorLine(std::string_view line);
 

@@ -1,4 +1,3 @@
-#include <cstdlib>
 #include <iostream>
 #include <memory>
 #include <string>
@@ -10,6 +9,7 @@
 #include "Host/output/JsonOutput.h"
 #include "Host/output/TerminalSinks.h"
 #include "Host/output/TextOutput.h"
+#include "Host/verbs/ChoiceOptions.h"
 #include "Host/verbs/JobOptions.h"
 #include "Host/verbs/Verbs.h"
 #include "Platform/Process.h"
@@ -22,14 +22,10 @@ using Platform::StandardStream;
 struct ConvertOptions {
     JobOptions Job;
     std::string Format = "text";
-    std::string Folder;
+    std::string Color = "auto";
+    std::string Folder;  // empty: none
     bool KeepGoing = false;
 };
-
-bool WantsColour() {
-    const char* refused = std::getenv("NO_COLOR");
-    return (refused == nullptr || *refused == '\0') && Platform::IsTerminal(StandardStream::Output);
-}
 
 // Files come first, so that a folder that can't be written to is found before anything is printed. Progress
 // is shown to a person who doesn't see the results go by.
@@ -37,7 +33,7 @@ void AddSinks(const ConvertOptions& options, StandardOutput& output, SinkList& s
     const bool asText = options.Format == "text";
     if (!options.Folder.empty()) sinks.Add(std::make_unique<FileOutput>(options.Folder));
     if (asText)
-        sinks.Add(std::make_unique<TextOutput>(output.Stream(), WantsColour()));
+        sinks.Add(std::make_unique<TextOutput>(output.Stream(), WantsColor(options.Color)));
     else if (options.Format == "jsonl")
         sinks.Add(std::make_unique<JsonLinesOutput>(output.Stream()));
     else
@@ -63,13 +59,12 @@ void AddConvertVerb(CLI::App& app, Action& action) {
     CLI::App* verb =
         app.add_subcommand("convert", "Converts tickets and shows what came of them")->group("Verbs");
     AddJobOptions(*verb, options->Job);
-    verb->add_option(
-            "--format", options->Format,
-            "text, for a person (default); json, one document, where each call repeats all properties; "
-            "jsonl, a line for each call with what it changed, for long jobs")
-        ->check(CLI::IsMember({"text", "json", "jsonl"}))
-        ->type_name("FORMAT");
+    AddChoice(*verb, "--format", "FORMAT", options->Format, {"text", "json", "jsonl"},
+              "text, for a person (default); json, one document, where each call repeats all properties; "
+              "jsonl, a line for each call with what it changed, for long jobs");
+    AddColor(*verb, options->Color);
     verb->add_option("--out", options->Folder, "Also write the raw results as files into this folder")
+        ->check([](const std::string& folder) { return folder.empty() ? "must not be empty" : ""; })
         ->type_name("DIR");
     verb->add_flag("--keep-going", options->KeepGoing, "Make the calls behind one that threw, too");
     verb->footer(

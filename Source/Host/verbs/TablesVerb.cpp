@@ -11,6 +11,7 @@
 #include "Host/ground/StandardStreams.h"
 #include "Host/ground/Texts.h"
 #include "Host/jobs/OptionTableSet.h"
+#include "Host/verbs/ChoiceOptions.h"
 #include "Host/verbs/Verbs.h"
 
 namespace TicketHost {
@@ -85,19 +86,42 @@ std::vector<std::string> CellsOf(const std::vector<OptionRecord>& rows, const Co
     return cells;
 }
 
+// The columns of which some row has content.
+std::vector<std::vector<std::string>> ColumnsOf(const std::vector<OptionRecord>& rows) {
+    std::vector<std::vector<std::string>> shown;
+    for (const Column& column : columns) {
+        const auto hasContent = [&](const OptionRecord& row) { return HasContent(row.*column.Field); };
+        if (std::ranges::any_of(rows, hasContent)) shown.push_back(CellsOf(rows, column));
+    }
+    return shown;
+}
+
+// The cells of one row, in as many lines as they need. All rows break at the same columns, since the cells of
+// a column have one width.
+std::vector<std::string> LinesOf(const std::vector<std::vector<std::string>>& shown, std::size_t row,
+                                 std::size_t width) {
+    std::vector<std::string> lines(1);
+    std::size_t used = 0;
+    for (const std::vector<std::string>& cells : shown) {
+        used += 2 + CountCharacters(cells[row]);
+        if (used > width && !lines.back().empty()) {
+            lines.emplace_back("    ");
+            used = 6 + CountCharacters(cells[row]);
+        }
+        lines.back() += "  " + cells[row];
+    }
+    return lines;
+}
+
 // For a person: how many rows there are, and of each what identifies it, which of its other texts have
-// content and its data line. Columns without content in any row are left out.
+// content and its data line, in lines that fit the terminal.
 void ListTable(std::ostream& out, const std::string& name) {
     const std::vector<OptionRecord> rows = RowsOf(name);
     out << name << ": " << rows.size() << (rows.size() == 1 ? " row\n" : " rows\n");
-    std::vector<std::string> lines(rows.size() + 1);
-    for (const Column& column : columns) {
-        const auto hasContent = [&](const OptionRecord& row) { return HasContent(row.*column.Field); };
-        if (std::none_of(rows.begin(), rows.end(), hasContent)) continue;
-        const std::vector<std::string> cells = CellsOf(rows, column);
-        for (std::size_t at = 0; at < lines.size(); ++at) lines[at] += "  " + cells[at];
-    }
-    for (const std::string& line : lines) out << line.substr(0, line.find_last_not_of(' ') + 1) << "\n";
+    const std::vector<std::vector<std::string>> shown = ColumnsOf(rows);
+    for (std::size_t row = 0; row <= rows.size(); ++row)
+        for (const std::string& line : LinesOf(shown, row, OutputWidth()))
+            out << line.substr(0, line.find_last_not_of(' ') + 1) << "\n";
 }
 
 void ListTablesAsText(std::ostream& out, std::span<const std::string> names) {
@@ -159,9 +183,8 @@ void AddTablesVerb(CLI::App& app, Action& action) {
     const auto options = std::make_shared<TablesOptions>();
     CLI::App* verb = app.add_subcommand("tables", "Lists the device's option tables")->group("Verbs");
     verb->add_option("NAME", options->Name, "One table alone: " + ListOptionTableNames());
-    verb->add_option("--format", options->Format, "text, for a person (default), or json, with every field")
-        ->check(CLI::IsMember({"text", "json"}))
-        ->type_name("FORMAT");
+    AddChoice(*verb, "--format", "FORMAT", options->Format, {"text", "json"},
+              "text, for a person (default), or json, with every field");
     verb->callback([&action, options] { action = [options] { return ListTables(*options); }; });
 }
 

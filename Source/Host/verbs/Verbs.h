@@ -9,7 +9,8 @@ namespace TicketHost {
 using Action = std::function<int()>;
 
 // Each adds one verb to the command line and sets the action when a user chooses that verb. A new verb is a
-// function here and a row in the list of Main.cpp.
+// function here and a row in the list of Main.cpp. Its texts are wrapped (HelpText.h); an option with a few
+// words to choose from is an AddChoice (ChoiceOptions.h).
 void AddConvertVerb(CLI::App& app, Action& action);
 void AddTablesVerb(CLI::App& app, Action& action);
 void AddPassphraseVerb(CLI::App& app, Action& action);

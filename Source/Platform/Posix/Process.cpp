@@ -1,6 +1,7 @@
 #include "Platform/Process.h"
 
 #include <signal.h>
+#include <sys/ioctl.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -9,8 +10,17 @@
 
 namespace Platform {
 
-bool IsTerminal(StandardStream stream) {
-    return isatty(stream == StandardStream::Output ? STDOUT_FILENO : STDERR_FILENO) == 1;
+namespace {
+
+int FileOf(StandardStream stream) { return stream == StandardStream::Output ? STDOUT_FILENO : STDERR_FILENO; }
+
+}  // namespace
+
+bool IsTerminal(StandardStream stream) { return isatty(FileOf(stream)) == 1; }
+
+std::size_t GetTerminalWidth(StandardStream stream) {
+    winsize size{};
+    return ioctl(FileOf(stream), TIOCGWINSZ, &size) == 0 ? size.ws_col : 0;
 }
 
 TokenHandle GetCallingUser() { return GetTokenOfUser(getuid()); }
