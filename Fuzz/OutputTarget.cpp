@@ -5,6 +5,7 @@
 #include <sstream>
 
 #include "Host/ground/Errors.h"
+#include "Host/output/JsonLinesOutput.h"
 #include "Host/output/JsonOutput.h"
 #include "Host/output/TextOutput.h"
 #include "JobRun.h"
@@ -42,7 +43,7 @@ void RequireCall(const Json::Value& said, const TicketHost::CallResult& result) 
     }
 }
 
-// Both outputs of a job, call by call.
+// All outputs of a job, call by call.
 class Outputs {
 public:
     explicit Outputs(std::size_t calls) {
@@ -57,7 +58,11 @@ public:
         json_.Take(result);
         std::ostringstream one;
         TicketHost::JsonOutput(one).Take(result);
-        RequireCall(Read("{\"calls\":[" + one.str() + "]}")["calls"][0], result);
+        const Json::Value said = Read("{\"calls\":[" + one.str() + "]}")["calls"][0];
+        RequireCall(said, result);
+        lines_.Take(result);
+        RequireLine(Read(line_.str()), said["properties"]);
+        line_.str("");
     }
 
     void End(std::size_t inputSize) {
@@ -70,6 +75,16 @@ public:
     }
 
 private:
+    // The lines so far must add up to the properties after the call.
+    void RequireLine(const Json::Value& line, const Json::Value& after) {
+        const Json::Value &changed = line["changed"], &appended = line["appended"];
+        for (const std::string& name : changed.getMemberNames()) properties_[name] = changed[name];
+        for (const std::string& name : appended.getMemberNames())
+            properties_[name] = properties_[name].asString() + appended[name].asString();
+        for (const Json::Value& name : line["removed"]) properties_.removeMember(name.asString());
+        Require(properties_ == after, "the lines add up to the properties");
+    }
+
     static Json::Value Read(const std::string& json) {
         try {
             return TicketHost::ReadJson("output", json);
@@ -80,9 +95,11 @@ private:
     }
 
     TicketHost::Job job_;
-    std::ostringstream written_, document_;
+    std::ostringstream written_, document_, line_;
     TicketHost::TextOutput text_{written_, false};
     TicketHost::JsonOutput json_{document_};
+    TicketHost::JsonLinesOutput lines_{line_};
+    Json::Value properties_{Json::objectValue};  // put together from the lines
     std::size_t taken_ = 0;
 };
 
