@@ -4,11 +4,16 @@
 #include <unistd.h>
 
 #include <array>
+#include <filesystem>
+#include <set>
 #include <sstream>
 
 #include "Host/ground/Nearest.h"
 #include "Host/ground/Texts.h"
+#include "Host/jobs/Job.h"
+#include "Host/jobs/KnownProperties.h"
 #include "HostTool.h"
+#include "conversion/DeviceSpecificModule.h"
 
 namespace TicketHost {
 namespace {
@@ -127,6 +132,90 @@ TEST_F(Terminal, ColoursAreForWhoWantsThem) {
     setenv("NO_COLOR", "", 1);
     EXPECT_TRUE(hasColours(ShownAt(80, "convert " + job)));
     unsetenv("NO_COLOR");
+}
+
+TEST_F(Terminal, HintsAtPropertiesThatNobodyReads) {
+    Write("a.xml", "<a/>");
+    const Outcome outcome =
+        Run("convert --pipeline PrinterNam=x --pipeline 'A=B=C' --pipeline '[D=E,F=G]' "
+            "--pipeline PrinterName=x --driver CommandMap_S=x --driver Series=x "
+            "--queue EncryptionPassphrase=x --format json a.xml");
+    const std::string none = ": the module reads no such property";
+    EXPECT_EQ(outcome.Errors, "tickethost: --pipeline PrinterNam" + none + "; did you mean PrinterName?\n" +
+                                  "tickethost: --pipeline A" + none + "\ntickethost: --pipeline [D" + none +
+                                  "\ntickethost: --driver Series" + none +
+                                  "\ntickethost: --queue EncryptionPassphrase" + none +
+                                  "; did you mean encryptionPassphrase?\n");
+    EXPECT_EQ(outcome.Status, 0);
+    EXPECT_NE(outcome.Output.find("\"A\": \"B=C\""), std::string::npos) << outcome.Output;
+    EXPECT_NE(outcome.Output.find("\"[D\": \"E,F=G]\""), std::string::npos) << outcome.Output;
+}
+
+// Bags that tell which names they are asked for.
+using Names = std::set<std::string>;
+
+class AskedPrinterBag final : public Platform::IPrinterPropertyBag {
+public:
+    explicit AskedPrinterBag(const PrinterProperties& properties) : bag_(properties) {}
+    bool GetString(std::u16string_view name, Platform::WideText& value) const override {
+        Asked.insert(ToUtf8(name));
+        return bag_.GetString(name, value);
+    }
+    bool GetInt32(std::u16string_view name, std::int32_t& value) const override {
+        Asked.insert(ToUtf8(name));
+        return bag_.GetInt32(name, value);
+    }
+    mutable Names Asked;
+
+private:
+    MemoryPrinterBag bag_;
+};
+
+class AskedPipelineBag final : public Platform::IPrintPipelinePropertyBag {
+public:
+    explicit AskedPipelineBag(const PipelineProperties& properties) : bag_(properties) {}
+    bool GetProperty(std::u16string_view name, Platform::PropertyValue& value) const override {
+        Asked.insert(ToUtf8(name));
+        return bag_.GetProperty(name, value);
+    }
+    bool AddProperty(std::u16string_view name, const Platform::PropertyValue& value) override {
+        return bag_.AddProperty(name, value);
+    }
+    bool DeleteProperty(std::u16string_view name) override { return bag_.DeleteProperty(name); }
+    mutable Names Asked;
+
+private:
+    MemoryPipelineBag bag_;
+};
+
+// The samples ask for all that is ever asked for.
+TEST(KnownProperties, AreThoseThatTheModuleReads) {
+    Names pipeline, driver, queue;
+    for (const auto& entry : std::filesystem::directory_iterator(SAMPLES_DIR)) {
+        if (entry.path().extension() != ".json") continue;
+        const Job job = ReadJob(entry.path().string());
+        const auto driverBag = std::make_shared<AskedPrinterBag>(job.Settings.Driver);
+        const auto queueBag = std::make_shared<AskedPrinterBag>(job.Settings.Queue);
+        PipelineProperties properties = job.Settings.Pipeline;
+        properties[u"DriverPropertyBag"] = std::shared_ptr<Platform::IPrinterPropertyBag>(driverBag);
+        properties[u"QueuePropertyBag"] = std::shared_ptr<Platform::IPrinterPropertyBag>(queueBag);
+        const auto bag = std::make_shared<AskedPipelineBag>(properties);
+        auto* snapshot = DeviceSpecificModule::CreatePTConverterClassPointer();
+        for (const Call& call : job.Calls)
+            DeviceSpecificModule::ProcessDrvPT(bag, LoadTicket(*call.Source), call.Level, nullptr, snapshot);
+        DeviceSpecificModule::DestroyPTConverterClassPointer(snapshot);
+        pipeline.merge(bag->Asked);
+        driver.merge(driverBag->Asked);
+        queue.merge(queueBag->Asked);
+    }
+    const auto known = [](Bag bag) {
+        const std::vector<std::string_view> names = PropertiesRead(bag);
+        return Names(names.begin(), names.end());
+    };
+    EXPECT_EQ(pipeline, known(Bag::Pipeline));
+    EXPECT_EQ(queue, known(Bag::Queue));
+    EXPECT_FALSE(driver.empty());
+    for (const std::string& name : driver) EXPECT_TRUE(IsPropertyRead(Bag::Driver, name)) << name;
 }
 
 }  // namespace

@@ -7,6 +7,7 @@
 
 #include "Host/ground/Errors.h"
 #include "Host/ground/Json.h"
+#include "Host/ground/Nearest.h"
 #include "Host/ground/Texts.h"
 #include "Host/jobs/OptionTableSet.h"
 #include "Platform/Identities.h"
@@ -87,9 +88,12 @@ void ManifestReader::RequireKeys(const Json::Value& value, const std::string& pl
                                  Keys needed) const {
     RequireObject(value, place);
     std::string unknown;
-    for (const std::string& key : value.getMemberNames())
-        if (std::find(known.begin(), known.end(), key) == known.end())
-            unknown.append(unknown.empty() ? "unknown: " : ", ").append(Quoted(key));
+    for (const std::string& key : value.getMemberNames()) {
+        if (std::find(known.begin(), known.end(), key) != known.end()) continue;
+        unknown.append(unknown.empty() ? "unknown: " : ", ").append(Quoted(key));
+        const std::string_view nearest = FindNearest(key, known);
+        if (!nearest.empty()) unknown.append(" (did you mean ").append(Quoted(nearest)).append("?)");
+    }
     if (!unknown.empty()) Fail(place, unknown);
     for (const std::string_view key : needed)
         if (!value.isMember(std::string(key))) Fail(place, Quoted(key) + " is missing");
@@ -159,7 +163,7 @@ void ManifestReader::ReadTables(const Json::Value& root, JobSettings& settings) 
         if (!tables[index].isString()) FailType(place, "a text", tables[index]);
         const std::string name = tables[index].asString();
         if (!IsOptionTableName(name))
-            Fail(place, "unknown table " + Quoted(name) + "; the tables are " + ListOptionTableNames());
+            Fail(place, "unknown table " + DescribeUnknownTable(name, Quoted(name)));
         settings.Tables->push_back(name);
     }
 }

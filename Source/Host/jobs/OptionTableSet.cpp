@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <stdexcept>
 
+#include "Host/ground/Nearest.h"
 #include "conversion/ExportedTables.h"
 
 namespace TicketHost {
@@ -42,6 +43,11 @@ std::string ListOptionTableNames() {
     std::string list;
     for (const std::string_view name : OptionTableNames) list.append(list.empty() ? "" : ", ").append(name);
     return list;
+}
+
+std::string DescribeUnknownTable(std::string_view name, const std::string& shown) {
+    const std::string hint = DidYouMean(name, OptionTableNames);
+    return shown + (hint.empty() ? "; the tables are " + ListOptionTableNames() : hint);
 }
 
 std::vector<OptionRecord> CopyOptionTable(std::string_view name) {

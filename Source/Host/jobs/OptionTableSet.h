@@ -20,6 +20,9 @@ inline constexpr std::array<std::string_view, 5> OptionTableNames = {
 bool IsOptionTableName(std::string_view name);
 // The names as a sentence gives them: "A, B, C".
 std::string ListOptionTableNames();
+// The end of a message about an unknown table, which shall appear as `shown`: with the name that is near, or
+// all of them.
+std::string DescribeUnknownTable(std::string_view name, const std::string& shown);
 
 // A host's own copy of one exported table, with the row that ends it. The name must be one of the above.
 std::vector<OptionRecord> CopyOptionTable(std::string_view name);

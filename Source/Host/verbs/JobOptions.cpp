@@ -4,7 +4,10 @@
 #include <string_view>
 
 #include "Host/ground/Errors.h"
+#include "Host/ground/Nearest.h"
+#include "Host/ground/StandardStreams.h"
 #include "Host/ground/Texts.h"
+#include "Host/jobs/KnownProperties.h"
 #include "Platform/CodePages.h"
 #include "Platform/Identities.h"
 
@@ -23,6 +26,13 @@ struct Assignment {
     std::u16string Name;
     std::string_view Value;
 };
+
+// A property that nobody reads does no harm, but is hardly what was meant.
+void HintAtName(const std::string& option, Bag bag, std::string_view name) {
+    if (IsPropertyRead(bag, name)) return;
+    WriteErrorLine(option + " " + std::string(name) + ": the module reads no such property" +
+                   DidYouMean(name, PropertiesRead(bag)));
+}
 
 Assignment Split(const std::string& option, std::string_view argument) {
     const std::size_t equals = argument.find('=');
@@ -45,6 +55,7 @@ void SetPipelineProperties(const std::vector<std::string>& arguments, PipelinePr
     const std::string option = "--pipeline";
     for (const std::string& argument : arguments) {
         const auto [name, value] = Split(option, argument);
+        HintAtName(option, Bag::Pipeline, ToUtf8(name));
         if (name == u"UserSecurityToken")
             properties[name] = Platform::GetTokenOfUser(NumberOf<std::uint32_t>(option, argument, value));
         else
@@ -52,10 +63,11 @@ void SetPipelineProperties(const std::vector<std::string>& arguments, PipelinePr
     }
 }
 
-void SetPrinterProperties(const std::string& option, const std::vector<std::string>& arguments,
+void SetPrinterProperties(const std::string& option, Bag bag, const std::vector<std::string>& arguments,
                           PrinterProperties& properties) {
     for (const std::string& argument : arguments) {
         const auto [name, value] = Split(option, argument);
+        HintAtName(option, bag, ToUtf8(name));
         if (name == u"encryptionPassphrase_Flag")
             properties[name] = NumberOf<std::int32_t>(option, argument, value);
         else
@@ -65,7 +77,11 @@ void SetPrinterProperties(const std::string& option, const std::vector<std::stri
 
 void AddProperties(CLI::App& verb, const char* option, std::vector<std::string>& properties,
                    const char* help) {
-    verb.add_option(option, properties, help)->type_name("NAME=VALUE")->expected(1)->take_all();
+    verb.add_option(option, properties, help)
+        ->type_name("NAME=VALUE")
+        ->expected(1)
+        ->take_all()
+        ->allow_extra_args(false);
 }
 
 }  // namespace
@@ -87,8 +103,8 @@ void AddJobOptions(CLI::App& verb, JobOptions& options) {
 Job ReadJob(const JobOptions& options) {
     JobSettings given;
     SetPipelineProperties(options.Pipeline, given.Pipeline);
-    SetPrinterProperties("--driver", options.Driver, given.Driver);
-    SetPrinterProperties("--queue", options.Queue, given.Queue);
+    SetPrinterProperties("--driver", Bag::Driver, options.Driver, given.Driver);
+    SetPrinterProperties("--queue", Bag::Queue, options.Queue, given.Queue);
     Job job = ReadJob(options.File);
     for (auto& [name, value] : given.Pipeline) job.Settings.Pipeline[name] = value;
     for (auto& [name, value] : given.Driver) job.Settings.Driver[name] = value;

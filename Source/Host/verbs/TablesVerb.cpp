@@ -165,7 +165,7 @@ int ListTables(const TablesOptions& options) {
     std::vector<std::string> names(OptionTableNames.begin(), OptionTableNames.end());
     if (!options.Name.empty()) {
         if (!IsOptionTableName(options.Name))
-            throw InputError("unknown table " + options.Name + "; the tables are " + ListOptionTableNames());
+            throw InputError("unknown table " + DescribeUnknownTable(options.Name, options.Name));
         names.assign(1, options.Name);
     }
     StandardOutput output;
