@@ -20,8 +20,9 @@ void RunSecrets(std::string_view input);
 void RunManifest(std::string_view input);
 void RunOutput(std::string_view input);
 void RunForms(std::string_view input);
+void RunPackage(std::string_view input);
 
-inline constexpr std::array<Target, 7> Targets = {{
+inline constexpr std::array<Target, 8> Targets = {{
     {"ticket", RunTicket, ".xml"},
     {"settings", RunSettings},
     {"pages", RunPages},
@@ -29,6 +30,7 @@ inline constexpr std::array<Target, 7> Targets = {{
     {"manifest", RunManifest, ".json"},
     {"output", RunOutput, ".xml"},
     {"forms", RunForms, ".xml"},
+    {"package", RunPackage},
 }};
 
 }  // namespace Fuzz

@@ -22,6 +22,10 @@ constexpr std::uint64_t mostBytes = 256 << 20;
 // The namespaces of both kinds of package. The types of their relationships are names behind a slash.
 constexpr std::string_view namespaces[] = {"http://schemas.microsoft.com/xps/2005/06",
                                            "http://schemas.openxps.org/oxps/v1.0"};
+constexpr std::string_view representation = "/fixedrepresentation", printTicket = "/printticket";
+
+constexpr const char* rootRelationships = "/_rels/.rels";
+
 constexpr std::string_view compatibilityNamespace =
     "http://schemas.openxmlformats.org/markup-compatibility/2006";
 
@@ -33,6 +37,11 @@ constexpr std::string_view emptyTicket =
     " xmlns:xsd=\"http://www.w3.org/2001/XMLSchema\" version=\"1\"/>";
 
 bool IsOurs(std::string_view space) { return std::ranges::find(namespaces, space) != std::end(namespaces); }
+
+std::string DescribeName(const Platform::XmlName& name) {
+    if (IsOurs(name.Namespace)) return name.Local;
+    return name.Local + (name.Namespace.empty() ? " without a namespace" : " of " + name.Namespace);
+}
 
 bool HasType(const Relationship& relationship, std::string_view name) {
     return std::ranges::any_of(namespaces, [&](std::string_view space) {
@@ -142,7 +151,7 @@ CallReader::Names CallReader::ReferencesIn(const std::string& part, std::string_
                                            std::string_view child) const {
     const XmlElement element = parts_.ReadXml(part);
     if (!IsOurs(element.Name.Namespace) || element.Name.Local != root)
-        parts_.Fail(part, element.Line, "is no " + std::string(root) + " but " + element.Name.Local);
+        parts_.Fail(part, element.Line, "is no " + std::string(root) + " but " + DescribeName(element.Name));
     Names references;
     AddReferences(part, element, child, references);
     if (references.empty()) parts_.Fail(part, element.Line, "holds no " + std::string(child));
@@ -170,7 +179,7 @@ void CallReader::FindTickets() {
     for (const Step& step : steps_) {
         std::optional<std::string>& ticket = tickets_.at(step.Part);
         if (ticket) continue;
-        ticket = TargetOf(step.Part, "/printticket");
+        ticket = TargetOf(step.Part, printTicket);
         if (!ticket->empty() && charged.insert(*ticket).second) Charge(*ticket);
     }
 }
@@ -189,11 +198,11 @@ std::vector<Call> CallReader::MakeCalls() const {
 }
 
 std::vector<Call> CallReader::Read() {
-    constexpr const char* holder = "/_rels/.rels";
-    Charge(holder);
-    const std::string sequence = TargetOf("/", "/fixedrepresentation");
+    Charge(rootRelationships);
+    const std::string sequence = TargetOf("/", representation);
     if (sequence.empty())
-        parts_.Fail(holder, 0, "leads to no fixed representation, as that of an XPS or OpenXPS package does");
+        parts_.Fail(rootRelationships, 0,
+                    "leads to no fixed representation, as that of an XPS or OpenXPS package does");
     Charge(sequence);
     AddStep(DeviceSpecificModule::JobLevel, sequence);
     AddDocuments(ReferencesIn(sequence, "FixedDocumentSequence", "DocumentReference"));
@@ -204,6 +213,13 @@ std::vector<Call> CallReader::Read() {
 }  // namespace
 
 std::vector<Call> ReadPackageCalls(const Package& package) { return CallReader(package).Read(); }
+
+bool IsOpenXps(const Package& package) {
+    const std::vector<Relationship> relationships = package.Parts.ReadRelationships(rootRelationships);
+    return std::ranges::any_of(relationships, [](const Relationship& relationship) {
+        return HasType(relationship, representation) && relationship.Type.starts_with(namespaces[1]);
+    });
+}
 
 std::shared_ptr<const Ticket> ReadPackageTicket(const Package& package, std::string_view part) {
     const std::string& file = package.Archive->Name();

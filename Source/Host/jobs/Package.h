@@ -26,6 +26,9 @@ struct Package {
 // or 256 MiB to read.
 std::vector<Call> ReadPackageCalls(const Package& package);
 
+// Whether the package is OpenXPS, by the relationship to its sequence of documents.
+bool IsOpenXps(const Package& package);
+
 // A part as a ticket. Throws InputError when there is none of that name or it doesn't load.
 std::shared_ptr<const Ticket> ReadPackageTicket(const Package& package, std::string_view part);
 

@@ -34,7 +34,7 @@ bool HasScheme(std::string_view reference) {
     return colon != reference.npos && reference[colon] == ':';
 }
 
-// Takes out "." and the folders that a ".." goes back over; none leads out of the root.
+// Takes out empty folders, "." and the folders that a ".." goes back over; none leads out of the root.
 std::string WithoutDots(std::string_view path) {
     std::string result;
     for (std::size_t at = 0; at < path.size();) {  // at a slash
@@ -42,7 +42,7 @@ std::string WithoutDots(std::string_view path) {
         const std::string segment = Decode(path.substr(at, next - at));
         if (segment == "/..")
             result.resize(result.empty() ? 0 : result.rfind('/'));
-        else if (segment != "/.")
+        else if (segment != "/." && segment != "/")
             result += path.substr(at, next - at);
         at = next;
     }
@@ -64,8 +64,9 @@ std::optional<std::string> ResolvePart(std::string_view base, std::string_view r
     if (reference.empty() || reference.starts_with("//") || HasScheme(reference)) return {};
     std::string path = WithSlashes(std::string(reference));
     if (!path.starts_with('/')) path.insert(0, base.substr(0, BehindFolder(base)));
+    if (path.ends_with('/')) return {};
     path = WithoutDots(path);
-    if (path.empty() || path.ends_with('/')) return {};
+    if (path.empty()) return {};
     return path;
 }
 

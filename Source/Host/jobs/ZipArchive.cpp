@@ -3,6 +3,7 @@
 #include <zip.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <utility>
 
 #include "Host/ground/Errors.h"
@@ -102,6 +103,20 @@ std::string ZipArchive::Read(std::uint64_t index) const {
     if (length != entry.Bytes) fail("is of another length than the directory says");
     bytes.resize(length);
     return bytes;
+}
+
+bool ZipArchive::CopyTo(std::FILE* file) const {
+    zip_source_t* source = source_.get();
+    char room[65536];
+    zip_int64_t count = zip_source_open(source) == 0 && zip_source_seek(source, 0, SEEK_SET) == 0 ? 1 : -1;
+    while (count > 0) {
+        count = zip_source_read(source, room, sizeof room);
+        const auto length = static_cast<std::size_t>(std::max<zip_int64_t>(count, 0));
+        if (std::fwrite(room, 1, length, file) != length) return false;
+    }
+    zip_source_close(source);
+    if (count < 0) errno = zip_error_code_system(zip_source_error(source));
+    return count == 0;
 }
 
 }  // namespace TicketHost

@@ -47,6 +47,8 @@ public:
     void RequireReadable(std::uint64_t index) const;
     // The entry's unpacked bytes, found to have the length and the check sum that the directory tells.
     std::string Read(std::uint64_t index) const;
+    // Writes the archive's bytes as they are to a file. False, and errno says why, when that fails.
+    bool CopyTo(std::FILE* file) const;
 
 private:
     void Open();

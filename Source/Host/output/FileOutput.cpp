@@ -3,25 +3,22 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstdio>
-#include <memory>
 #include <random>
 #include <sstream>
 #include <system_error>
 
 #include "Host/ground/Errors.h"
+#include "Host/ground/Files.h"
 #include "Host/ground/Json.h"
+#include "Host/ground/StandardStreams.h"
 #include "Host/ground/Texts.h"
+#include "Host/jobs/Package.h"
 #include "Platform/Files.h"
 
 namespace TicketHost {
 namespace {
 
 namespace fs = std::filesystem;
-
-struct CloseFile {
-    void operator()(std::FILE* file) const { std::fclose(file); }
-};
-using FileHandle = std::unique_ptr<std::FILE, CloseFile>;
 
 std::error_code LastError() { return {errno, std::generic_category()}; }
 
@@ -32,11 +29,14 @@ std::error_code LastError() { return {errno, std::generic_category()}; }
 constexpr const char* pjlFile = "job.pjl";
 constexpr const char* dataFile = "job.data";
 constexpr const char* propertiesFile = "properties.json";
+constexpr const char* packageFile = "converted.xps";
+constexpr const char* openPackageFile = "converted.oxps";
 constexpr std::string_view ticketEnd = "-ticket.xml";
 
 // Whether the results of some job have a file of this name.
 bool IsNameOfResult(std::string_view name) {
-    if (name == pjlFile || name == dataFile || name == propertiesFile) return true;
+    for (const std::string_view fixed : {pjlFile, dataFile, propertiesFile, packageFile, openPackageFile})
+        if (name == fixed) return true;
     const std::size_t digits = std::min(name.find_first_not_of("0123456789"), name.size());
     return digits >= 3 && name.substr(digits) == ticketEnd;
 }
@@ -82,6 +82,9 @@ void FileOutput::Begin(const Job& job, const PipelineProperties&) {
     if (error) FailToWrite(folder_, error);
     for (const std::string& name : FindResults(folder_)) RefuseFolder(folder_ / name);
     unfinished_ = MakeFolderIn(folder_);
+    if (!job.Source) return;
+    package_.emplace(job);
+    packageName_ = IsOpenXps(*job.Source) ? openPackageFile : packageFile;
 }
 
 void FileOutput::Write(const std::string& name, std::string_view bytes) {
@@ -99,7 +102,9 @@ void FileOutput::WriteText(const std::string& name, const Platform::WideText& te
 void FileOutput::Take(const CallResult& result) {
     std::string number = std::to_string(result.Number);
     number.insert(0, digits_ - number.size(), '0');
-    WriteText(number.append(ticketEnd), result.TicketAfter);
+    const std::string name = number.append(ticketEnd);
+    WriteText(name, result.TicketAfter);
+    if (package_) package_->Take(result, unfinished_ / name);
 }
 
 void FileOutput::End(const PipelineProperties& final) {
@@ -109,7 +114,19 @@ void FileOutput::End(const PipelineProperties& final) {
     WriteProperties(properties, final, 0);
     properties << "\n";
     Write(propertiesFile, properties.str());
+    if (package_) WritePackage();
     Publish();
+}
+
+void FileOutput::WritePackage() {
+    const std::string name = (folder_ / packageName_).string();
+    package_->Write(unfinished_ / packageName_, name);
+    written_.insert(packageName_);
+    const std::vector<std::string> kept = package_->KeptTickets();
+    if (kept.empty()) return;
+    const std::string first =
+        kept.size() == 1 ? kept[0] : kept[0] + " and " + std::to_string(kept.size() - 1) + " more";
+    WriteErrorLine(name + ": stays as it was, since its calls did not all make the same of it: " + first);
 }
 
 void FileOutput::Publish() {

@@ -70,10 +70,14 @@ void AddConvertVerb(CLI::App& app, Action& action) {
     verb->footer(
         "Files of --out: 001-ticket.xml and so on, job.pjl, job.data, properties.json. When all are there,\n"
         "they take the place of an earlier job's; a run that can't write them leaves those as they are.\n"
+        "For a package also converted.xps or converted.oxps: the package, each ticket replaced by what the\n"
+        "call made of it. One that serves several calls is replaced when all of them made the same of it;\n"
+        "otherwise it stays as it was, and a line on standard error says so. All else is the same bytes.\n"
         "\n"
         "  tickethost convert ticket.xml\n"
         "  tickethost convert --format json job.json\n"
-        "  tickethost convert --pipeline PrinterName=Office --out result ticket.xml");
+        "  tickethost convert --out result job.xps\n"
+        "  tickethost convert --pipeline PrinterName=Office - <ticket.xml");
     verb->callback([&action, options] { action = [options] { return Convert(*options); }; });
 }
 

@@ -87,10 +87,10 @@ void AddProperties(CLI::App& verb, const char* option, std::vector<std::string>&
 }  // namespace
 
 void AddJobOptions(CLI::App& verb, JobOptions& options) {
-    verb.add_option("JOB", options.File,
-                    "A job ticket (XML), a manifest of several calls (JSON) or an XPS or OpenXPS package "
-                    "(ZIP), told by its "
-                    "content; - reads it from the standard input")
+    verb.add_option(
+            "JOB", options.File,
+            "A job ticket (XML), a manifest of several calls (JSON) or an XPS or OpenXPS package, told "
+            "by what they hold; - reads it from the standard input")
         ->required();
     AddProperties(verb, "--pipeline", options.Pipeline, "Set a property of the pipeline; may be repeated");
     AddProperties(verb, "--driver", options.Driver, "Set a property of the driver; may be repeated");
