@@ -52,6 +52,7 @@ struct SourceItem {
     int Line = 0;                  // in there, from 1; 0 where it isn't known
     std::size_t Parent = NoIndex;  // the item that it stands in, always ahead of it
     std::size_t Call = 0;          // the number of the first call that it can touch, from 1
+    std::size_t Ticket = NoIndex;  // in the order of the calls, each once; NoIndex for a property of a bag
     bool Tried = false;            // whether it was taken away; what wasn't asked for is not
     std::vector<Effect> Effects;   // of it alone; what one of the items in it does just as well is there
     std::vector<std::size_t> HiddenBy;  // indices of the items without which it would have an effect
@@ -76,6 +77,7 @@ struct ExplainedCall {
     std::size_t Number = 0;  // from 1
     std::int32_t Level = 0;
     std::string Ticket;                // its name
+    std::size_t TicketIndex = 0;       // SourceItem::Ticket of the items in it
     std::vector<ExplainedLine> Lines;  // by kind, in the order of LineKind, each as they came
 };
 
@@ -87,7 +89,7 @@ struct Explanation {
     bool IsNarrowed = false;        // not all lines, or not all items, were asked for
 };
 
-// Whether the item or one that stands in it does something, alone or with others.
-bool HasEffect(const Explanation& explanation, std::size_t item);
+// For each item whether it or one that stands in it does something, alone or with others.
+std::vector<bool> ItemsWithEffect(const Explanation& explanation);
 
 }  // namespace TicketHost
