@@ -12,6 +12,7 @@ using Action = std::function<int()>;
 // function here and a row in the list of Main.cpp. Its texts are wrapped (HelpText.h); an option with a few
 // words to choose from is an AddChoice (ChoiceOptions.h).
 void AddConvertVerb(CLI::App& app, Action& action);
+void AddExplainVerb(CLI::App& app, Action& action);
 void AddTablesVerb(CLI::App& app, Action& action);
 void AddPassphraseVerb(CLI::App& app, Action& action);
 

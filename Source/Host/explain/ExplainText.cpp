@@ -1,0 +1,170 @@
+#include <algorithm>
+#include <map>
+#include <utility>
+
+#include "Host/explain/ExplainOutput.h"
+#include "Host/ground/Painter.h"
+#include "Host/ground/Texts.h"
+
+namespace TicketHost {
+namespace {
+
+constexpr const char* labelsOfLines[] = {"error", "PJL", "data", "properties", "ticket"};
+constexpr std::size_t longestText = 160;  // characters of a property or an edit
+
+// "calls 1, 3 to 9", from numbers that grow.
+std::string NameCalls(const std::vector<std::size_t>& numbers) {
+    std::string text = numbers.size() == 1 ? "call " : "calls ";
+    for (std::size_t at = 0; at < numbers.size();) {
+        std::size_t end = at + 1;
+        while (end < numbers.size() && numbers[end] == numbers[end - 1] + 1) ++end;
+        text += (at == 0 ? "" : ", ") + std::to_string(numbers[at]);
+        if (end - at > 1) text += (end - at > 2 ? " to " : ", ") + std::to_string(numbers[end - 1]);
+        at = end;
+    }
+    return text;
+}
+
+class TextExplanation {
+public:
+    TextExplanation(std::ostream& out, const Explanation& explanation, bool colour)
+        : out_(out), painter_(colour), explanation_(explanation) {}
+
+    void Write() {
+        for (const ExplainedCall& call : explanation_.Calls) WriteCall(call);
+        WriteItemsWithEffect();
+        WriteItemsWithout();
+    }
+
+private:
+    const SourceItem& Item(std::size_t index) const { return explanation_.Items[index]; }
+    std::string PlaceOf(const SourceItem& item) const;
+    std::string NameOf(const std::vector<std::size_t>& items) const;
+    std::string TextOf(const Effect& effect) const;
+    void WriteNote(const std::string& note) { out_ << "      " << painter_.Paint(Tone::Faint, note) << "\n"; }
+    void WriteCall(const ExplainedCall& call);
+    void WriteLine(const ExplainedLine& line);
+    void WriteItemsWithEffect();
+    void WriteEffects(const SourceItem& item);
+    void WriteSetsWith(std::size_t item);
+    void WriteItemsWithout();
+
+    std::ostream& out_;
+    Painter painter_;
+    const Explanation& explanation_;
+    std::vector<std::map<std::vector<std::size_t>, std::vector<std::string>>> sets_;
+};
+
+std::string TextExplanation::PlaceOf(const SourceItem& item) const {
+    return Visible(item.File) + (item.Line > 0 ? ":" + std::to_string(item.Line) : "");
+}
+
+// "LABEL, FILE:LINE" of one; of several "together: ..., and ...".
+std::string TextExplanation::NameOf(const std::vector<std::size_t>& items) const {
+    std::string text = items.size() > 1 ? "only together: " : "";
+    for (const std::size_t item : items)
+        text += (item == items.front() ? "" : "; ") + Item(item).Label + ", " + PlaceOf(Item(item));
+    return text;
+}
+
+void TextExplanation::WriteCall(const ExplainedCall& call) {
+    if (call.Lines.empty()) return;
+    const std::string number =
+        "Call " + std::to_string(call.Number) + " of " + std::to_string(explanation_.CallCount) + ": ";
+    out_ << painter_.Paint(Tone::Heading, number + Visible(call.Ticket)) << "\n";
+    const ExplainedLine* before = nullptr;
+    for (const ExplainedLine& line : call.Lines) {
+        if (before == nullptr || before->Kind != line.Kind)
+            out_ << "  " << painter_.Paint(Tone::Label, labelsOfLines[static_cast<int>(line.Kind)]) << "\n";
+        WriteLine(line);
+        before = &line;
+    }
+    out_ << "\n";
+}
+
+void TextExplanation::WriteLine(const ExplainedLine& line) {
+    const std::string text =
+        line.Text.empty() ? painter_.Paint(Tone::Faint, "(empty line)") : Shortened(line.Text, longestText);
+    out_ << "    " << (line.Kind == LineKind::Error ? painter_.Paint(Tone::Error, text) : text) << "\n";
+    for (const Cause& cause : line.Causes) {
+        const std::string instead =
+            cause.Instead ? "; without: " + Shortened(*cause.Instead, longestText) : "";
+        WriteNote("<- " + NameOf(cause.Items) + instead);
+    }
+    if (!line.Subjects.empty()) WriteNote("of " + NameOf({line.Subjects.front()}));
+}
+
+std::string TextExplanation::TextOf(const Effect& effect) const {
+    const auto quoted = [](const std::string& text) { return Shortened(text, longestText); };
+    if (effect.Line == NoIndex) return "keeps away: " + quoted(effect.Instead.value_or(""));
+    const std::string& line = explanation_.Calls[effect.Call].Lines[effect.Line].Text;
+    const std::string text = line.empty() ? "(empty line)" : quoted(line);
+    return text + (effect.Instead ? "; without: " + quoted(*effect.Instead) : "");
+}
+
+// What is the same in several calls is said once.
+void TextExplanation::WriteEffects(const SourceItem& item) {
+    std::vector<std::pair<std::string, std::vector<std::size_t>>> said;
+    for (const Effect& effect : item.Effects) {
+        const std::string text =
+            std::string(labelsOfLines[static_cast<int>(effect.Kind)]) + ": " + TextOf(effect);
+        const auto known = std::ranges::find(said, text, [](const auto& each) { return each.first; });
+        auto& calls =
+            (known == said.end() ? said.emplace_back(text, std::vector<std::size_t>()) : *known).second;
+        const std::size_t number = explanation_.Calls[effect.Call].Number;
+        if (calls.empty() || calls.back() != number) calls.push_back(number);
+    }
+    for (const auto& [text, calls] : said) out_ << "    " << NameCalls(calls) << ", " << text << "\n";
+}
+
+void TextExplanation::WriteSetsWith(std::size_t item) {
+    for (const auto& [others, lines] : sets_[item]) {
+        out_ << "    only together with " << NameOf(others) << ":\n";
+        for (const std::string& line : lines) out_ << "      " << line << "\n";
+    }
+}
+
+void TextExplanation::WriteItemsWithEffect() {
+    sets_.resize(explanation_.Items.size());
+    for (const ExplainedCall& call : explanation_.Calls)
+        for (const ExplainedLine& line : call.Lines)
+            for (const Cause& cause : line.Causes)
+                for (const std::size_t item : cause.Items) {
+                    std::vector<std::size_t> others = cause.Items;
+                    std::erase(others, item);
+                    if (!others.empty())
+                        sets_[item][others].push_back(NameCalls({call.Number}) + ", " + line.Text);
+                }
+    bool labelled = false;
+    for (std::size_t item = 0; item < explanation_.Items.size(); ++item) {
+        if (Item(item).Effects.empty() && sets_[item].empty()) continue;
+        if (!std::exchange(labelled, true))
+            out_ << painter_.Paint(Tone::Heading, "What each item did") << "\n";
+        out_ << "  " << painter_.Paint(Tone::Label, NameOf({item})) << "\n";
+        WriteEffects(Item(item));
+        WriteSetsWith(item);
+    }
+    if (labelled) out_ << "\n";
+}
+
+void TextExplanation::WriteItemsWithout() {
+    const std::vector<bool> withEffect = ItemsWithEffect(explanation_);
+    bool labelled = false;
+    for (std::size_t item = 0; item < explanation_.Items.size(); ++item) {
+        const std::size_t outer = Item(item).Parent;
+        if (!Item(item).Tried || withEffect[item]) continue;
+        if (outer != NoIndex && Item(outer).Tried && !withEffect[outer] && Item(item).HiddenBy.empty())
+            continue;
+        if (!std::exchange(labelled, true)) out_ << painter_.Paint(Tone::Heading, "Without effect") << "\n";
+        out_ << "  " << NameOf({item}) << "\n";
+        if (!Item(item).HiddenBy.empty()) WriteNote("hidden by " + NameOf(Item(item).HiddenBy));
+    }
+}
+
+}  // namespace
+
+void WriteExplanation(std::ostream& out, const Explanation& explanation, bool colour) {
+    TextExplanation(out, explanation, colour).Write();
+}
+
+}  // namespace TicketHost
