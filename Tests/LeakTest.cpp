@@ -26,7 +26,7 @@ TEST(Leaks, AreNoneWhateverALevelDoesToATicket) {
         EXPECT_NE(host.Data(), "(absent)");
     };
     for (int time = 0; time < 20; ++time) convert();  // what is made once
-    constexpr std::size_t times = 150;
+    constexpr std::size_t times = 400;
     const std::size_t before = mallinfo2().uordblks;
     for (std::size_t time = 0; time < times; ++time) convert();
     const std::size_t after = mallinfo2().uordblks;
