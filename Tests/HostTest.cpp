@@ -12,7 +12,6 @@
 #include "Host/ground/Texts.h"
 #include "Host/jobs/Manifest.h"
 #include "Host/output/TextOutput.h"
-#include "Host/tickets/TicketDiff.h"
 #include "HostTool.h"
 #include "Platform/Files.h"
 #include "Platform/Identities.h"
@@ -23,7 +22,6 @@ namespace {
 
 namespace Module = DeviceSpecificModule;
 using Platform::WideText;
-using Lines = std::vector<std::string>;
 
 std::string ManifestErrorOf(const std::string& text) {
     try {
@@ -84,25 +82,6 @@ TEST(Host, PropertiesAsJson) {
    "ReferenceTables": {"reference": "OptionTables"},
    "Token": 4294967295
  })");
-}
-
-TEST(Host, TicketChangesAsLines) {
-    for (const Json::Value& each : Module::ReadCases("host/ticket-changes.json")) {
-        Lines expected;
-        for (const Json::Value& line : each[2]) expected.push_back(line.asString());
-        EXPECT_EQ(DescribeTicketChange(each[0].asString(), each[1].asString()), expected) << each;
-    }
-    std::string many, turned;
-    for (int number = 0; number < 400; ++number) {
-        const std::string line = "<m>" + std::to_string(number) + "</m>";
-        many += line;
-        turned = line + turned;
-    }
-    const Lines ends = {"- <d>t</d>", "+ <a>1</a>",   "  <m>0</m>",   "  <m>1</m>",
-                        "...",        "  <m>398</m>", "  <m>399</m>", "- <a>1</a>"};
-    EXPECT_EQ(DescribeTicketChange("<d>t</d>" + many + "<a>1</a>", "<a>1</a>" + many), ends);
-    const Lines amount = {"too much to show: 401 lines became 400; 1 went and 0 are new"};
-    EXPECT_EQ(DescribeTicketChange("<d>t</d>" + many, turned), amount);
 }
 
 TEST(Host, TextForAPersonSaysWhatACallDid) {

@@ -5,7 +5,7 @@
 
 namespace TicketHost {
 
-enum class Tone { Heading, Label, Added, Removed, Faint, Error };
+enum class Tone { Heading, Label, Added, Removed, Faint, Error, Plain };
 
 // Colours texts for a terminal, or leaves them as they are.
 class Painter {
@@ -13,7 +13,7 @@ public:
     explicit Painter(bool colour) : colour_(colour) {}
 
     std::string Paint(Tone tone, std::string_view text) const {
-        if (!colour_) return std::string(text);
+        if (!colour_ || tone == Tone::Plain) return std::string(text);
         return "\x1B[" + std::string(CodeOf(tone)) + "m" + std::string(text) + "\x1B[0m";
     }
 

@@ -1,10 +1,12 @@
 #include "Host/output/TextOutput.h"
 
+#include <algorithm>
+#include <span>
 #include <utility>
 #include <vector>
 
 #include "Host/ground/Texts.h"
-#include "Host/tickets/TicketDiff.h"
+#include "Host/tickets/TicketChanges.h"
 #include "Platform/ResultError.h"
 #include "conversion/DeviceSpecificModule.h"
 
@@ -35,6 +37,13 @@ std::string ExplainError(const CallError& error) {
     if (error.Type == "std::length_error")
         return "the user settings are cut into more pieces than can be named";
     return "";
+}
+
+constexpr std::size_t mostChanges = 500;  // of one ticket; nobody reads more
+
+Tone ToneOf(ChangeKind kind) {
+    constexpr Tone tones[] = {Tone::Plain, Tone::Added, Tone::Removed, Tone::Plain};
+    return tones[static_cast<int>(kind)];
 }
 
 bool IsPageMarker(std::string_view line) {
@@ -121,14 +130,16 @@ void TextOutput::WriteChangedProperties(const PipelineProperties& properties) {
 }
 
 void TextOutput::WriteTicketChange(const CallResult& result) {
-    const std::vector<std::string> lines =
-        DescribeTicketChange(ToUtf8(result.TicketBefore), ToUtf8(result.TicketAfter));
-    if (lines.empty()) return WriteLabel("ticket unchanged");
+    if (result.TicketBefore == result.TicketAfter) return WriteLabel("ticket unchanged");
+    const std::vector<TicketChange> changes = CompareTickets(result.TicketBefore, result.TicketAfter);
+    if (changes.empty()) return WriteLabel("ticket says the same in another form");
     WriteLabel("ticket changed");
-    for (const std::string& line : lines) {
-        const Tone tone = line[0] == '+' ? Tone::Added : line[0] == '-' ? Tone::Removed : Tone::Faint;
-        out_ << "    " << painter_.Paint(tone, line) << "\n";
-    }
+    const std::size_t shown = std::min(changes.size(), mostChanges);
+    for (const TicketChange& change : std::span(changes).first(shown))
+        out_ << "    " << painter_.Paint(ToneOf(change.Kind), LineOf(change)) << "\n";
+    if (shown < changes.size())
+        out_ << "    " << painter_.Paint(Tone::Faint, std::to_string(changes.size() - shown) + " more")
+             << "\n";
 }
 
 }  // namespace TicketHost

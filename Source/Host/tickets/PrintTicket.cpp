@@ -12,6 +12,8 @@ constinit const std::string_view DevmodeNamespace = DEVMODE_NAMESPACE;
 
 namespace {
 
+constexpr std::string_view SchemaInstanceNamespace = "http://www.w3.org/2001/XMLSchema-instance";
+
 using Platform::XmlElement;
 using Scope = std::vector<Platform::XmlNamespace>;  // the innermost declarations last
 
@@ -59,6 +61,45 @@ void Resolve(TicketItem& item, const Scope& scope) {
     if (colon != std::string::npos) item.Space = UriOf(scope, std::string_view(item.Name).substr(0, colon));
 }
 
+std::string WithNamespace(std::string_view space, std::string_view local) {
+    return space.empty() ? std::string(local) : "{" + std::string(space) + "}" + std::string(local);
+}
+
+// A text that is a name, with its namespace for its prefix; as it is where that isn't bound.
+std::string ResolvedName(const std::string& name, const Scope& scope) {
+    const std::size_t colon = name.find(':');
+    const std::string space = colon == name.npos ? "" : UriOf(scope, std::string_view(name).substr(0, colon));
+    return space.empty() ? name : WithNamespace(space, std::string_view(name).substr(colon + 1));
+}
+
+bool IsBlank(std::string_view text) { return text.find_first_not_of(" \t\r\n") == text.npos; }
+
+// An item's own name isn't among them.
+void AddAttributes(const XmlElement& element, const std::string& place, bool isNamed, const Scope& scope,
+                   TicketItem& owner) {
+    for (const auto& [name, value] : element.Attributes) {
+        if (isNamed && name.Local == "name" && name.Namespace.empty()) continue;
+        const bool isType = name.Local == "type" && name.Namespace == SchemaInstanceNamespace;
+        owner.Details.push_back({place + "@" + WithNamespace(name.Namespace, name.Local),
+                                 isType ? ResolvedName(value, scope) : value});
+    }
+}
+
+// A psf:Value or psf:ParameterRef, or what stands in one; `text` is what its item doesn't hold of its text.
+void AddPart(const XmlElement& element, const std::string& place, const std::string& text, Scope& scope,
+             TicketItem& owner) {
+    const bool isReference = place.starts_with("ParameterRef") && IsFrameworks(element, "ParameterRef");
+    scope.insert(scope.end(), element.Namespaces.begin(), element.Namespaces.end());
+    owner.Details.push_back({place, isReference ? ResolvedName(NameAttribute(element), scope) + text : text});
+    AddAttributes(element, place, isReference, scope, owner);
+    for (std::size_t at = 0; at < element.Children.size(); ++at) {
+        const XmlElement& child = element.Children[at];
+        const std::string name = WithNamespace(child.Name.Namespace, child.Name.Local);
+        AddPart(child, place + "/" + name + "[" + std::to_string(at + 1) + "]", child.Text, scope, owner);
+    }
+    scope.resize(scope.size() - element.Namespaces.size());
+}
+
 void AddItems(const XmlElement& element, const std::string& path, Scope& scope, TicketItem& owner);
 
 TicketItem ItemOf(const XmlElement& element, std::string path, Scope& scope) {
@@ -74,24 +115,37 @@ TicketItem ItemOf(const XmlElement& element, std::string path, Scope& scope) {
     } else {
         item.Name = NameAttribute(element);
         Resolve(item, scope);
+        if (!IsBlank(element.Text)) item.Details.push_back({"text", element.Text});
     }
+    AddAttributes(element, "", item.Kind != ItemKind::Other, scope, item);
     AddItems(element, path, scope, item);
     item.Path = std::move(path);
     scope.resize(scope.size() - element.Namespaces.size());
     return item;
 }
 
-// A property's value and reference are parts of it; all other elements are items of their own.
+std::string Numbered(std::string name, std::size_t number) {
+    return number > 1 ? name + "[" + std::to_string(number) + "]" : name;
+}
+
+// A property's value and reference are parts of it; all other elements are items of their own. The first
+// value needs no detail but that it is there.
 void AddItems(const XmlElement& element, const std::string& path, Scope& scope, TicketItem& owner) {
     const bool isOwn = owner.Kind != ItemKind::Other;
+    std::size_t values = 0, references = 0;
     for (std::size_t at = 0; at < element.Children.size(); ++at) {
         const XmlElement& child = element.Children[at];
-        if (isOwn && IsFrameworks(child, "Value"))
+        if (isOwn && IsFrameworks(child, "Value")) {
             owner.Value += child.Text;
-        else if (isOwn && IsFrameworks(child, "ParameterRef"))
+            ++values;
+            AddPart(child, Numbered("Value", values), values > 1 ? child.Text : "", scope, owner);
+        } else if (isOwn && IsFrameworks(child, "ParameterRef")) {
             owner.Reference = NameAttribute(child);
-        else
+            const std::string text = IsBlank(child.Text) ? "" : " " + child.Text;
+            AddPart(child, Numbered("ParameterRef", ++references), text, scope, owner);
+        } else {
             owner.Items.push_back(ItemOf(child, path + "/*[" + std::to_string(at + 1) + "]", scope));
+        }
     }
 }
 
@@ -99,10 +153,13 @@ void AddItems(const XmlElement& element, const std::string& path, Scope& scope, 
 
 bool IsPrintTicket(const XmlElement& root) { return IsFrameworks(root, "PrintTicket"); }
 
-std::vector<TicketItem> ItemsOf(const XmlElement& root) {
-    if (!IsPrintTicket(root)) return {};
+TicketItem ItemOfRoot(const XmlElement& root) {
     Scope scope;
-    return ItemOf(root, "/*[1]", scope).Items;
+    return ItemOf(root, "/*[1]", scope);
+}
+
+std::vector<TicketItem> ItemsOf(const XmlElement& root) {
+    return IsPrintTicket(root) ? ItemOfRoot(root).Items : std::vector<TicketItem>();
 }
 
 const TicketItem* FindItem(const std::vector<TicketItem>& items, ItemKind kind, std::string_view space,

@@ -13,6 +13,13 @@ extern const std::string_view FrameworkNamespace, KeywordsNamespace, DevmodeName
 
 enum class ItemKind { Feature, Option, ScoredProperty, Property, Parameter, Other };
 
+// What else an element says: an attribute, a text or an element of no known use. Prefixes have given way to
+// their namespaces, "{urn:x}name", so that two tickets can be held against each other.
+struct ItemDetail {
+    std::string Name;  // "@constrained", "Value@{...}type", "text"; no two of an item have the same
+    std::string Value;
+};
+
 // One thing that a ticket says. Texts are UTF-8.
 struct TicketItem {
     ItemKind Kind = ItemKind::Other;
@@ -25,7 +32,11 @@ struct TicketItem {
     std::string Path;       // finds its element in the document, as XPath by positions: "/*[1]/*[4]/*[1]"
     int Line = 0;           // 0 where it isn't known
     std::vector<TicketItem> Items;  // what stands in it, in its order, but for psf:Value and psf:ParameterRef
+    std::vector<ItemDetail> Details;  // all that nothing above holds, but for white space between elements
 };
+
+// Any document as one item of the kind Other, which holds everything that it says.
+TicketItem ItemOfRoot(const Platform::XmlElement& root);
 
 // What stands right in the root of a ticket, in its order; what the schema doesn't know is there as Other.
 // Empty for a document that is no Print Ticket.
