@@ -213,7 +213,8 @@ class Tally:
         self.known = {(file, line): why for file, line, why in rows_of("mutants-without-effect.tsv")}
 
     def add(self, name, catcher, difference):
-        changed = difference.split("    +")[-1].strip()
+        old, _, new = difference.partition("    +")
+        changed = new.strip() if new.strip() != ";" else old.strip()  # "-" and the line that is gone
         why = self.known.get((name.split(":")[0], changed))
         if catcher is None and why:
             print("no effect %s: %s" % (name, why), flush=True)

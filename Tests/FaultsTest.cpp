@@ -339,6 +339,7 @@ TEST(Faults, OfAppendsShowInTheText) {
     WideText copy(text), moved(std::move(copy)), assigned;
     assigned = text;
     EXPECT_FALSE(text.IsWhole() || moved.IsWhole() || assigned.IsWhole());
+    EXPECT_TRUE(copy.IsNull() && copy.IsWhole());
     assigned = WideText();
     EXPECT_TRUE(assigned.IsWhole());
 }

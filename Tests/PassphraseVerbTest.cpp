@@ -104,6 +104,10 @@ TEST(PassphraseVerb, HidesWhatIsTypedAtATerminal) {
     EXPECT_EQ(RunAtTerminal(verb, {{prompt, std::string(300, 'x') + "\n"}}).first, 2);
     EXPECT_EQ(RunAtTerminal(verb, {{prompt, "\x04"}}).first, 2);  // end of input
     EXPECT_EQ(RunAtTerminal(verb, {{prompt, "ab\x03"}}).first, -SIGINT);
+    // Ignored, it takes what was typed before it, no more.
+    const std::string ignoring = std::string("trap '' INT; ") + verb;
+    EXPECT_EQ(RunAtTerminal(ignoring.c_str(), {{prompt, "xy\003abc\n"}}),
+              std::pair(0, "\r\n" + abc + "\r\n"));
     // Stopped, with echo on meanwhile, and continued.
     const char* const stopped = "'" TICKETHOST "' passphrase; stty -a | grep -o ' echo ' && fg";
     EXPECT_EQ(RunAtTerminal(stopped, {{prompt, "ab\x1A"}, {" passphrase\r\n", "abc\n"}}),

@@ -186,7 +186,9 @@ TEST(TicketDocumentTest, Queries) {
         EXPECT_EQ(TextAt(document, each[0].asString()), each[1].asString()) << each[0].asString();
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
 
-    ASSERT_TRUE(document->loadXML(Wide("<item xmlns='urn:b'>5</item>")));
+    ASSERT_TRUE(document->setProperty(u"SelectionNamespaces", u"xmlns:y='urn:a'"));
+    EXPECT_EQ(TextAt(document, "//y:item"), "12");
+    ASSERT_TRUE(document->loadXML(Wide("<item xmlns='urn:a'>5</item>")));
     EXPECT_EQ(TextAt(document, "//y:item"), "5");
 }
 

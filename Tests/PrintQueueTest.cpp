@@ -218,6 +218,9 @@ private:
         std::string request;
         for (char byte = 0; !request.ends_with("job-name\x03"); request += byte)
             if (recv(caller, &byte, 1, 0) != 1) return;
+        const std::string user = cupsUser();
+        EXPECT_NE(request.find("requesting-user-name\0"s + static_cast<char>(user.size()) + user),
+                  request.npos);
     }
 
     const int listening_ = socket(AF_UNIX, SOCK_STREAM, 0);

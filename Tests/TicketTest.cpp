@@ -73,11 +73,12 @@ TEST(TicketQueries, ReadsWholeValues) {
     EXPECT_EQ(Narrow(GetParameterInitValue(ticket, u"Deep", false)), "(null)");
 }
 
-// A document that throws what it is told to.
+// A document that throws what it is told to, with a node half-way found.
 class ThrowingDocument final : public Platform::IXMLDOMDocument2 {
 public:
     bool setProperty(std::u16string_view, std::u16string_view) override { return true; }
-    bool selectSingleNode(std::u16string_view, TicketNode&) override {
+    bool selectSingleNode(std::u16string_view, TicketNode& node) override {
+        MakeTicket("")->selectSingleNode(u"/", node);
         if (OutOfMemory) Platform::ThrowResult(Platform::ResultOutOfMemory);
         throw std::runtime_error("query");
     }
