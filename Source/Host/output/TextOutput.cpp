@@ -6,9 +6,8 @@
 #include <vector>
 
 #include "Host/ground/Texts.h"
+#include "Host/output/CallWords.h"
 #include "Host/tickets/TicketChanges.h"
-#include "Platform/ResultError.h"
-#include "conversion/DeviceSpecificModule.h"
 
 namespace TicketHost {
 namespace {
@@ -18,38 +17,11 @@ using Platform::WideText;
 constexpr std::u16string_view pjlName = u"PJL";
 constexpr std::u16string_view dataName = u"DATA";
 
-std::string NameOfLevel(std::int32_t level) {
-    if (level == DeviceSpecificModule::JobLevel) return "job level";
-    if (level == DeviceSpecificModule::DocumentLevel) return "document level";
-    return level == DeviceSpecificModule::PageLevel ? "page level"
-                                                    : "page level (" + std::to_string(level) + ")";
-}
-
-// What an error's own message leaves unsaid; empty where that is nothing.
-std::string ExplainError(const CallError& error) {
-    if (error.Code == Platform::ResultOutOfMemory) return "there was no memory for a text or a document";
-    if (error.Code == Platform::ResultNoStringService) return "a number could not be formatted";
-    if (error.Code == Platform::ResultUnknownCodePage) return "the code page in force is not known";
-    if (error.Type == "JsonError")
-        return "the user settings in the ticket hold a value of an unexpected type";
-    if (error.Type == "std::invalid_argument") return "a setting that must be a number is none";
-    if (error.Type == "std::out_of_range") return "a setting's number or position is out of range";
-    if (error.Type == "std::length_error")
-        return "the user settings are cut into more pieces than can be named";
-    return "";
-}
-
 constexpr std::size_t mostChanges = 500;  // of one ticket; nobody reads more
 
 Tone ToneOf(ChangeKind kind) {
     constexpr Tone tones[] = {Tone::Plain, Tone::Added, Tone::Removed, Tone::Plain};
     return tones[static_cast<int>(kind)];
-}
-
-bool IsPageMarker(std::string_view line) {
-    constexpr std::string_view beginning = "Page_";
-    return line.starts_with(beginning) && line.size() > beginning.size() &&
-           line.find_first_not_of("0123456789", beginning.size()) == line.npos;
 }
 
 }  // namespace

@@ -1,0 +1,34 @@
+#include "Host/output/CallWords.h"
+
+#include "Platform/ResultError.h"
+#include "conversion/DeviceSpecificModule.h"
+
+namespace TicketHost {
+
+std::string NameOfLevel(std::int32_t level) {
+    if (level == DeviceSpecificModule::JobLevel) return "job level";
+    if (level == DeviceSpecificModule::DocumentLevel) return "document level";
+    return level == DeviceSpecificModule::PageLevel ? "page level"
+                                                    : "page level (" + std::to_string(level) + ")";
+}
+
+std::string ExplainError(const CallError& error) {
+    if (error.Code == Platform::ResultOutOfMemory) return "there was no memory for a text or a document";
+    if (error.Code == Platform::ResultNoStringService) return "a number could not be formatted";
+    if (error.Code == Platform::ResultUnknownCodePage) return "the code page in force is not known";
+    if (error.Type == "JsonError")
+        return "the user settings in the ticket hold a value of an unexpected type";
+    if (error.Type == "std::invalid_argument") return "a setting that must be a number is none";
+    if (error.Type == "std::out_of_range") return "a setting's number or position is out of range";
+    if (error.Type == "std::length_error")
+        return "the user settings are cut into more pieces than can be named";
+    return "";
+}
+
+bool IsPageMarker(std::string_view line) {
+    constexpr std::string_view beginning = "Page_";
+    return line.starts_with(beginning) && line.size() > beginning.size() &&
+           line.find_first_not_of("0123456789", beginning.size()) == line.npos;
+}
+
+}  // namespace TicketHost
