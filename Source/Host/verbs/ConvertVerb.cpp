@@ -9,6 +9,7 @@
 #include "Host/output/JsonOutput.h"
 #include "Host/output/TerminalSinks.h"
 #include "Host/output/TextOutput.h"
+#include "Host/report/HtmlReport.h"
 #include "Host/verbs/ChoiceOptions.h"
 #include "Host/verbs/JobOptions.h"
 #include "Host/verbs/Verbs.h"
@@ -34,6 +35,8 @@ void AddSinks(const ConvertOptions& options, StandardOutput& output, SinkList& s
     if (!options.Folder.empty()) sinks.Add(std::make_unique<FileOutput>(options.Folder));
     if (asText)
         sinks.Add(std::make_unique<TextOutput>(output.Stream(), WantsColor(options.Color)));
+    else if (options.Format == "html")
+        sinks.Add(std::make_unique<HtmlReport>(output.Stream()));
     else if (options.Format == "jsonl")
         sinks.Add(std::make_unique<JsonLinesOutput>(output.Stream()));
     else
@@ -41,7 +44,7 @@ void AddSinks(const ConvertOptions& options, StandardOutput& output, SinkList& s
     sinks.Add(std::make_unique<SendingSink>(output));
     if (Platform::IsTerminal(StandardStream::Error) && !Platform::IsTerminal(StandardStream::Output))
         sinks.Add(std::make_unique<ProgressLine>(std::cerr));
-    if (asText) sinks.Add(std::make_unique<ErrorLines>());
+    if (asText || options.Format == "html") sinks.Add(std::make_unique<ErrorLines>());
 }
 
 int Convert(const ConvertOptions& options) {
@@ -59,8 +62,9 @@ void AddConvertVerb(CLI::App& app, Action& action) {
     CLI::App* verb =
         app.add_subcommand("convert", "Converts tickets and shows what came of them")->group("Verbs");
     AddJobOptions(*verb, options->Job);
-    AddChoice(*verb, "--format", "FORMAT", options->Format, {"text", "json", "jsonl"},
-              "text, for a person (default); json, one document, where each call repeats all properties; "
+    AddChoice(*verb, "--format", "FORMAT", options->Format, {"text", "html", "json", "jsonl"},
+              "text, for a person (default); html, one page to look at; json, one document, where each call "
+              "repeats all properties; "
               "jsonl, a line for each call with what it changed, for long jobs");
     AddColor(*verb, options->Color);
     verb->add_option("--out", options->Folder, "Also write the raw results as files into this folder")

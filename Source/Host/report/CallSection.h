@@ -1,0 +1,15 @@
+#pragma once
+
+#include "Host/report/CallAccount.h"
+#include "Host/report/HtmlWriter.h"
+
+namespace TicketHost {
+
+// Writes the header: the lines of "PJL" as each call that changed it left them.
+void WriteHeaderSection(HtmlWriter& html, const CallAccounts& calls);
+
+// Writes the section of the calls: for each what came to it, what it changed and what its ticket says. Those
+// that failed are open.
+void WriteCallSection(HtmlWriter& html, const CallAccounts& calls);
+
+}  // namespace TicketHost
