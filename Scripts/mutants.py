@@ -263,7 +263,8 @@ def try_named(copy):
     return not tally.survivors
 
 
-def try_sampled(copy, wanted, seed):
+def try_sampled(copy, wanted, seed, first):
+    """Passes over the first ones of this seed."""
     chosen = random.Random(seed)
     found = []
     for folder in SAMPLED:
@@ -271,7 +272,7 @@ def try_sampled(copy, wanted, seed):
             if path.suffix in (".h", ".cpp"):
                 found += [(str(path.relative_to(copy.folder)), *site) for site in sites(path)]
     chosen.shuffle(found)
-    tally, refused = Tally(), 0
+    tally, refused, passed = Tally(), 0, 0
     signal.signal(signal.SIGTERM, signal.default_int_handler)
     try:
         for file, number, line, changed in found:
@@ -279,25 +280,31 @@ def try_sampled(copy, wanted, seed):
                 break
             lines = (copy.folder / file).read_text().split("\n")
             lines[number] = chosen.choice(changed)
+            if passed < first:
+                passed += 1
+                continue
             compiled = try_change(copy, file, "\n".join(lines), tally, "%s:%d" % (file, number + 1))
             refused += not compiled
+            passed += 1
     except KeyboardInterrupt:
         print("stopped early", flush=True)
     print("sampled with seed %d: %s; %d more did not compile" % (seed, tally.share(), refused))
     print("survivors: %s" % (" ".join(tally.survivors) or "none"))
+    print("Scripts/mutants N %d %d goes on from here" % (seed, passed))
     return tally.percent() >= SAMPLED_GOAL
 
 
 def main():
     wanted = int(sys.argv[1])
     seed = int(sys.argv[2]) if len(sys.argv) > 2 else random.randrange(1 << 30)
+    first = int(sys.argv[3]) if len(sys.argv) > 3 else 0
     with tempfile.TemporaryDirectory(prefix="mutants-") as folder:
         copy = Copy(Path(folder))
         copy.build(check=True)
         copy.measure_tests()
-        enough = try_named(copy)
+        enough = first > 0 or try_named(copy)
         if wanted > 0:
-            enough = try_sampled(copy, wanted, seed) and enough
+            enough = try_sampled(copy, wanted, seed, first) and enough
     sys.exit(0 if enough else 1)
 
 
