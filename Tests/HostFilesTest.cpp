@@ -25,8 +25,9 @@ protected:
 
     // Results of an earlier job of three calls, with a header, in the folder.
     Files MakeEarlierResults(const std::string& folder) {
-        WritePages("three.json", 3);
-        EXPECT_EQ(Run("convert --pipeline PJL=earlier --out " + folder + " three.json").Errors, "");
+        Write("three.json", R"({"pipeline":{"PJL":"earlier"},"calls":[{"level":0,"ticket":"<a>1</a>"},)"
+                            R"({"level":0,"ticket":"<a>2</a>"},{"level":0,"ticket":"<a>3</a>"}]})");
+        EXPECT_EQ(Run("convert --out " + folder + " three.json").Errors, "");
         const Files files = Contents(folder);
         EXPECT_EQ(files.size(), 6u);
         EXPECT_EQ(files.at("job.pjl"), "earlier");

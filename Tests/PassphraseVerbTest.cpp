@@ -56,8 +56,9 @@ TEST_F(PassphraseFile, IsCheckedAsATextIs) {
     }
     EXPECT_EQ(Run("passphrase --check-file none.txt").Errors,
               "tickethost: none.txt: No such file or directory\n");
-    EXPECT_EQ(Run("passphrase --check-file stored.txt --check " + abc).Errors,
-              "tickethost: --check: not together with --check-file (tickethost help passphrase tells more)\n");
+    EXPECT_EQ(
+        Run("passphrase --check-file stored.txt --check " + abc).Errors,
+        "tickethost: --check: not together with --check-file (tickethost help passphrase tells more)\n");
 }
 
 // What to wait for, and what to type then: unseen, so echo must be off.
