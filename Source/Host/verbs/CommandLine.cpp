@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "Host/ground/Errors.h"
@@ -44,14 +45,26 @@ int Print(const std::string& text) {
     return 0;
 }
 
+// CLI11 says "Could not convert: OPTION = VALUE", where only numbers are ever converted.
+std::string DescribeNoNumber(const CLI::ConversionError& error) {
+    const std::string_view text = error.what();
+    const std::size_t option = text.find(": "), value = text.find(" = ");
+    if (option == text.npos || value == text.npos || value < option) return std::string(text);
+    return std::string(text.substr(option + 2, value - option - 2)) + ": must be a number, is " +
+           std::string(text.substr(value + 3));
+}
+
 // CLI11 takes the arguments last one first. The first is a verb.
 void Parse(CLI::App& app, std::vector<std::string> arguments) {
     const std::string verb = arguments.at(0);
+    const std::string more = " (tickethost help " + verb + " tells more)";
     std::ranges::reverse(arguments);
     try {
         app.parse(std::move(arguments));
+    } catch (const CLI::ConversionError& error) {
+        throw InputError(DescribeNoNumber(error) + more);
     } catch (const CLI::ParseError& error) {
-        throw InputError(std::string(error.what()) + " (tickethost help " + verb + " tells more)");
+        throw InputError(error.what() + more);
     }
 }
 

@@ -7,6 +7,7 @@
 #include "Host/explain/Explain.h"
 #include "Host/explain/ExplainOutput.h"
 #include "Host/ground/StandardStreams.h"
+#include "Host/verbs/ChoiceOptions.h"
 #include "Host/verbs/JobOptions.h"
 #include "Host/verbs/Verbs.h"
 #include "Platform/Process.h"
@@ -17,6 +18,7 @@ namespace {
 struct ExplainOptions {
     JobOptions Job;
     std::string Format = "text";
+    std::string Color = "auto";
     Question Asked;
 };
 
@@ -27,7 +29,7 @@ int RunExplain(const ExplainOptions& options) {
     if (options.Format == "json")
         WriteExplanationAsJson(output.Stream(), explanation);
     else
-        WriteExplanation(output.Stream(), explanation, false);
+        WriteExplanation(output.Stream(), explanation, WantsColor(options.Color));
     output.Send();
     return 0;
 }
@@ -44,9 +46,9 @@ void AddExplainVerb(CLI::App& app, Action& action) {
     verb->add_option("--item", options->Asked.Item, "Say only what items of this name did")
         ->type_name("NAME");
     verb->add_option("--call", options->Asked.Call, "Explain only this call, counted from 1")->type_name("N");
-    verb->add_option("--format", options->Format, "text, for a person (default), or json, one document")
-        ->check(CLI::IsMember({"text", "json"}))
-        ->type_name("FORMAT");
+    AddChoice(*verb, "--format", "FORMAT", options->Format, {"text", "json"},
+              "text, for a person (default), or json, one document");
+    AddColor(*verb, options->Color);
     verb->callback([&action, options] { action = [options] { return RunExplain(*options); }; });
 }
 
