@@ -33,8 +33,8 @@ public:
     std::string NameOf(std::string_view part) const;  // as the archive has it
     // How many bytes the part has. Throws when Read would refuse the part without a look at them.
     std::uint64_t MeasurePart(std::string_view part) const;
+    // The bytes of a part that is XML. Refuses one with so much markup that its tree would fill the memory.
     std::string Read(std::string_view part) const;
-    // The root of a part that is XML, which may be refused for its amount of markup.
     Platform::XmlElement ReadXml(std::string_view part) const;
     // The relationships that a part holds, which is one of those that are there for nothing else.
     std::vector<Relationship> ReadRelationships(std::string_view part) const;
