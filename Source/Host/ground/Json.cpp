@@ -67,7 +67,12 @@ struct WriteValue {
     void operator()(std::monostate) const { Out << "null"; }
     void operator()(const Platform::WideText& text) const { Json.Write(text); }
     void operator()(std::int32_t number) const { Out << number; }
-    void operator()(Platform::TokenHandle token) const { Out << GetIdOfUser(token); }
+    void operator()(Platform::TokenHandle token) const {
+        if (IsOfUserName(token))
+            Json.Write(GetNameOfUser(token));
+        else
+            Out << GetIdOfUser(token);
+    }
     // The option tables are all that a property ever refers to.
     void operator()(Platform::BareReference reference) const {
         Out << "{\"reference\": " << (reference.Address == nullptr ? "null" : "\"OptionTables\"") << "}";

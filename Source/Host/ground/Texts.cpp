@@ -45,7 +45,8 @@ struct Describe {
     }
     std::string operator()(std::int32_t number) const { return std::to_string(number); }
     std::string operator()(Platform::TokenHandle token) const {
-        return "user " + std::to_string(GetIdOfUser(token));
+        return "user " + (IsOfUserName(token) ? '"' + Visible(ToUtf8(GetNameOfUser(token))) + '"'
+                                              : std::to_string(GetIdOfUser(token)));
     }
     std::string operator()(Platform::BareReference reference) const {
         return reference.Address == nullptr ? "reference to nothing" : "reference to OptionTables";

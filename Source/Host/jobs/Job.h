@@ -20,6 +20,8 @@ struct JobSettings {
     // The names of the tables in the OptionTables record; absent: no record at all.
     std::optional<std::vector<std::string>> Tables;
     bool Snapshot = true;  // one for all calls, or none
+    // What the print queue would call the job's document; absent: the queue of "PrinterName" is asked.
+    std::optional<Platform::WideText> DocumentName = {};
 };
 
 // A ticket whose text has been found to load. Calls may share it; each loads a document of its own from it.

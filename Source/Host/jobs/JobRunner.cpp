@@ -4,7 +4,9 @@
 
 #include <stdexcept>
 
+#include "Host/ground/Texts.h"
 #include "Host/jobs/OptionTableSet.h"
+#include "Platform/PrintQueue.h"
 #include "Platform/ResultError.h"
 #include "conversion/DeviceSpecificModule.h"
 
@@ -30,6 +32,11 @@ CallError DescribeCurrentError() {
     }
 }
 
+// The module asks for the document's name where the job has a printer, be it one without a name.
+void RequirePrinter(PipelineProperties& properties) {
+    if (FindText(properties, u"PrinterName").IsNull()) properties[u"PrinterName"] = Platform::WideText(u"");
+}
+
 // A manifest may set the properties of the two bags itself, to null for instance: so it shows what the module
 // makes of a host that supplies no bag.
 PipelineProperties InitialProperties(const JobSettings& settings) {
@@ -41,14 +48,27 @@ PipelineProperties InitialProperties(const JobSettings& settings) {
     };
     add(u"DriverPropertyBag", settings.Driver);
     add(u"QueuePropertyBag", settings.Queue);
+    if (settings.DocumentName) RequirePrinter(properties);
     return properties;
 }
+
+// The document's name on this thread while it lives.
+class DocumentNameScope {
+public:
+    explicit DocumentNameScope(const std::optional<Platform::WideText>& name) {
+        if (name) Platform::SetDocumentNameOfThread(*name);
+    }
+    DocumentNameScope(const DocumentNameScope&) = delete;
+    DocumentNameScope& operator=(const DocumentNameScope&) = delete;
+    ~DocumentNameScope() { Platform::SetDocumentNameOfThread({}); }
+};
 
 // All that lives from a job's first call to its last.
 class JobRun {
 public:
     explicit JobRun(const JobSettings& settings)
-        : Bag(std::make_shared<MemoryPipelineBag>(InitialProperties(settings))) {
+        : Bag(std::make_shared<MemoryPipelineBag>(InitialProperties(settings))),
+          documentName_(settings.DocumentName) {
         if (settings.Tables) tables_.emplace(*settings.Tables);
         if (settings.Snapshot) snapshot_ = DeviceSpecificModule::CreatePTConverterClassPointer();
     }
@@ -60,6 +80,7 @@ public:
         const Platform::TicketDocument ticket = LoadTicket(*call.Source);
         CallResult result{number, call, 0, {}, ticket->xml(), {}, Bag->Properties()};
         try {
+            const DocumentNameScope named(documentName_);
             const OptionTables* tables = tables_ ? tables_->Record() : nullptr;
             result.Status = DeviceSpecificModule::ProcessDrvPT(Bag, ticket, call.Level, tables, snapshot_);
         } catch (const std::exception&) {
@@ -72,6 +93,7 @@ public:
     const std::shared_ptr<MemoryPipelineBag> Bag;
 
 private:
+    std::optional<Platform::WideText> documentName_;
     std::optional<OptionTableSet> tables_;
     DeviceSpecificModule::PTConverter* snapshot_ = nullptr;
 };

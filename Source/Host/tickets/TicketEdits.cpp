@@ -1,6 +1,7 @@
 #include "Host/tickets/TicketEdits.h"
 
 #include <algorithm>
+#include <map>
 #include <vector>
 
 #include "Host/ground/Texts.h"
@@ -32,19 +33,10 @@ std::string Escaped(std::string_view text) {
     return escaped;
 }
 
-// The prefix that the root binds to the vendor's namespace; of several it is the last that pieces are looked
-// for by.
+// By which pieces are looked for.
 std::string VendorPrefix(const XmlElement& root) {
-    std::string prefix = "ns0000";
-    for (const Platform::XmlNamespace& space : root.Namespaces)
-        if (space.Uri == DevmodeNamespace && !space.Prefix.empty()) prefix = space.Prefix;
-    return prefix;
-}
-
-bool Binds(const XmlElement& root, const std::string& prefix) {
-    return std::ranges::any_of(root.Namespaces, [&](const Platform::XmlNamespace& space) {
-        return space.Prefix == prefix && space.Uri == DevmodeNamespace;
-    });
+    const std::string prefix = PrefixOf(root, DevmodeNamespace);
+    return prefix.empty() ? "ns0000" : prefix;
 }
 
 // The element declares all that it uses, whatever the ticket's own prefixes are, but for a vendor's prefix
@@ -53,17 +45,29 @@ std::string ParameterText(const XmlElement& root, const std::string& prefix, con
                           std::string_view type, std::string_view value) {
     std::string text = "<psf:ParameterInit xmlns:psf=\"";
     text.append(FrameworkNamespace);
-    if (!Binds(root, prefix)) text.append("\" xmlns:").append(prefix).append("=\"").append(DevmodeNamespace);
+    if (NamespaceOf(root, prefix) != DevmodeNamespace)
+        text.append("\" xmlns:").append(prefix).append("=\"").append(DevmodeNamespace);
     text.append("\" name=\"").append(prefix).append(":").append(local);
     text.append("\"><psf:Value xmlns:xsi=\"http://www.w3.org/2001/XMLSchema-instance\"");
     text.append(" xmlns:xsd=\"http://www.w3.org/2001/XMLSchema\" xsi:type=\"xsd:").append(type);
     return text.append("\">").append(Escaped(value)).append("</psf:Value></psf:ParameterInit>");
 }
 
-bool Append(IXMLDOMDocument2& ticket, const XmlElement& root, const std::string& text) {
-    const Platform::XmlName& name = root.Name;
-    const std::string tag = name.Prefix.empty() ? name.Local : name.Prefix + ":" + name.Local;
-    return ticket.appendToRoot(UnitsOf(tag), FromUtf8(text));
+std::size_t CountChildren(IXMLDOMDocument2& ticket) { return FindNode(ticket, "/*[1]")->childNodesLength(); }
+
+// Behind all that stands in the root, by way of the text, whatever the root's prefix is. False, and perhaps
+// no longer the same, where that can't be read or the root's end isn't found.
+bool Append(IXMLDOMDocument2& ticket, const XmlElement& root, const std::string& fragments) {
+    const std::string tag =
+        root.Name.Prefix.empty() ? root.Name.Local : root.Name.Prefix + ":" + root.Name.Local;
+    const std::string end = "</" + tag + ">";
+    std::string text = ToUtf8(ticket.xml());
+    if (const std::size_t at = text.rfind(end); at != text.npos)
+        text.insert(at, fragments);
+    else if (const std::size_t slash = text.rfind("/>"); slash != text.npos)
+        text.replace(slash, 2, ">" + fragments + end);
+    const std::size_t count = CountChildren(ticket);
+    return ticket.loadXML(FromUtf8(text)) && CountChildren(ticket) > count;
 }
 
 // The first piece that is counted gets all; the rest of them gets nothing.
@@ -94,7 +98,38 @@ bool PutSeries(IXMLDOMDocument2& ticket, const XmlElement& root, const SettingsS
     return done && (fragments.empty() || Append(ticket, root, fragments));
 }
 
+std::string AsWritten(const Platform::XmlName& name) {
+    return Escaped(name.Prefix.empty() ? name.Local : name.Prefix + ":" + name.Local);
+}
+
 }  // namespace
+
+// Of several the last one.
+std::string PrefixOf(const XmlElement& root, std::string_view space) {
+    std::string prefix;
+    for (const Platform::XmlNamespace& each : root.Namespaces)
+        if (each.Uri == space && !each.Prefix.empty()) prefix = each.Prefix;
+    return prefix;
+}
+
+std::string NamespaceOf(const XmlElement& root, std::string_view prefix) {
+    const auto found = std::ranges::find(root.Namespaces, prefix, &Platform::XmlNamespace::Prefix);
+    return found == root.Namespaces.end() ? "" : found->Uri;
+}
+
+bool AppendFeature(IXMLDOMDocument2& ticket, const XmlElement& root, const Platform::XmlName& feature,
+                   const Platform::XmlName& option) {
+    std::map<std::string, std::string> declared = {{"psf", std::string(FrameworkNamespace)}};
+    for (const Platform::XmlName* name : {&feature, &option})
+        if (!name->Prefix.empty() && NamespaceOf(root, name->Prefix) != name->Namespace)
+            declared.emplace(name->Prefix, name->Namespace);
+    std::string text = "<psf:Feature";
+    for (const auto& [prefix, space] : declared)
+        text.append(" xmlns:").append(prefix).append("=\"").append(Escaped(space)).append("\"");
+    text.append(" name=\"").append(AsWritten(feature));
+    text.append("\"><psf:Option name=\"").append(AsWritten(option)).append("\"/></psf:Feature>");
+    return Append(ticket, root, text);
+}
 
 bool RemoveElement(IXMLDOMDocument2& ticket, const std::string& path) {
     const Platform::TicketNode node = FindNode(ticket, path);

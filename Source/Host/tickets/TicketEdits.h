@@ -23,4 +23,15 @@ bool SetElementText(Platform::IXMLDOMDocument2& ticket, const std::string& path,
 bool PutSettings(Platform::IXMLDOMDocument2& ticket, const Platform::XmlElement& root,
                  const SettingsSeries& series, const Json::Value& values);
 
+// The prefix by which names of a namespace are read in the whole ticket; empty where its root binds none.
+std::string PrefixOf(const Platform::XmlElement& root, std::string_view space);
+
+// What the root binds a prefix to; empty where it doesn't.
+std::string NamespaceOf(const Platform::XmlElement& root, std::string_view prefix);
+
+// Puts a feature with one option behind all that stands in the ticket. It declares what the root doesn't
+// bind. False for names that can't stand there.
+bool AppendFeature(Platform::IXMLDOMDocument2& ticket, const Platform::XmlElement& root,
+                   const Platform::XmlName& feature, const Platform::XmlName& option);
+
 }  // namespace TicketHost

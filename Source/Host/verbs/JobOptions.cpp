@@ -98,6 +98,7 @@ void AddJobOptions(CLI::App& verb, JobOptions& options) {
         verb, "--queue", options.Queue,
         "Set a property of the queue; may be repeated. What is set so goes before what the manifest "
         "says. Values are texts; UserSecurityToken is a user id, encryptionPassphrase_Flag an integer");
+    AddWhatIfOptions(verb, options.WhatIf);
 }
 
 Job ReadJob(const JobOptions& options) {
@@ -109,6 +110,7 @@ Job ReadJob(const JobOptions& options) {
     for (auto& [name, value] : given.Pipeline) job.Settings.Pipeline[name] = value;
     for (auto& [name, value] : given.Driver) job.Settings.Driver[name] = value;
     for (auto& [name, value] : given.Queue) job.Settings.Queue[name] = value;
+    ApplyWhatIf(options.WhatIf, job);
     return job;
 }
 

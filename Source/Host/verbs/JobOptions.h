@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "Host/jobs/Job.h"
+#include "Host/verbs/WhatIfOptions.h"
 
 namespace TicketHost {
 
@@ -12,6 +13,7 @@ namespace TicketHost {
 struct JobOptions {
     std::string File;
     std::vector<std::string> Pipeline, Driver, Queue;  // NAME=VALUE; of two with one name the later counts
+    WhatIfOptions WhatIf;
 };
 
 // Adds them to a verb. The options must live until the command line is read.

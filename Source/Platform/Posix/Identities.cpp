@@ -3,7 +3,11 @@
 #include <pwd.h>
 #include <unistd.h>
 
+#include <algorithm>
+#include <atomic>
 #include <cerrno>
+#include <mutex>
+#include <optional>
 #include <vector>
 
 #include "Platform/CodePages.h"
@@ -18,13 +22,55 @@ WideText TextOfName(const char* name) {
     return text;
 }
 
+// Names that have a token. Nothing is taken out, so that a name's place is its own.
+class GivenNames {
+public:
+    std::size_t PlaceOf(const WideText& name) {
+        const std::lock_guard lock(mutex_);
+        const auto found = std::find(names_.begin(), names_.end(), name);
+        const auto place = static_cast<std::size_t>(found - names_.begin());
+        if (found == names_.end()) names_.push_back(name);
+        count_ = names_.size();
+        return place;
+    }
+
+    // Without a lock where there is none of that place, as for every number.
+    std::optional<WideText> Find(std::size_t place) {
+        if (place >= count_) return std::nullopt;
+        const std::lock_guard lock(mutex_);
+        return names_[place];
+    }
+
+private:
+    std::mutex mutex_;
+    std::vector<WideText> names_;
+    std::atomic<std::size_t> count_ = 0;
+};
+
+GivenNames& AllGivenNames() {
+    static GivenNames names;
+    return names;
+}
+
+// Tokens of names count down from the last of all, where no user's number is.
+std::optional<WideText> FindGivenName(TokenHandle token) {
+    return AllGivenNames().Find(~static_cast<std::uintptr_t>(token));
+}
+
 }  // namespace
+
+TokenHandle GetTokenOfUserName(const WideText& name) {
+    return WithOneMemoryError([&name] { return TokenHandle{~AllGivenNames().PlaceOf(name)}; });
+}
+
+bool IsOfUserName(TokenHandle token) { return FindGivenName(token).has_value(); }
 
 TokenHandle GetTokenOfUser(std::uint32_t userId) { return TokenHandle{userId}; }
 
 std::uint32_t GetIdOfUser(TokenHandle token) { return static_cast<std::uint32_t>(token); }
 
 WideText GetNameOfUser(TokenHandle token) {
+    if (std::optional<WideText> given = FindGivenName(token)) return *given;
     return WithOneMemoryError([token] {
         std::vector<char> room(1024);
         passwd entry{};

@@ -90,9 +90,17 @@ Message Ask(const Cups& cups, ipp_t* request) {
     }
 }
 
+thread_local WideText nameOfThread;
+
 }  // namespace
 
+void SetDocumentNameOfThread(const WideText& name) { nameOfThread = name; }
+
 bool GetFirstDocumentName(const WideText& queue, WideText& name) {
+    if (!nameOfThread.IsNull()) {
+        name = nameOfThread;
+        return true;
+    }
     std::string queueName;
     if (!ConvertFromWide(CodePage::Utf8, queue.View(), queueName)) return false;
     if (queueName.empty()) return false;  // the address would mean all queues
