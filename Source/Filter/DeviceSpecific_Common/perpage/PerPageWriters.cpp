@@ -6,63 +6,20 @@
 
 #include "conversion/TextOperations.h"
 #include "perpage/EntryText.h"
+#include "perpage/PerPageWords.h"
 #include "ticket/TicketEditing.h"
 
 namespace DeviceSpecificModule {
 namespace {
 
-// What the device says for a word of an entry and an option of the ticket. The first row that fits counts.
-struct WordRow {
-    std::optional<std::u16string_view> Word;  // none: any
-    std::optional<std::u16string_view> Option;
-    std::u16string_view Value;
-};
-
-constexpr std::nullopt_t any = std::nullopt;
-constexpr std::u16string_view insertedSheet = u"InsertBlankSheet";
-constexpr std::u16string_view noTabPaper = u"DoNotUse";
-constexpr std::u16string_view sameAsBody = u"SameAsBody";
-
-constexpr WordRow bindingRows[] = {
-    {any, u"psk:BindLeft", u"LEFT"},
-    {any, u"psk:BindRight", u"RIGHT"},
-    {any, u"psk:BindTop", u"TOP"},
-};
-
-constexpr WordRow duplexRows[] = {
-    {insertedSheet, any, u"OFF"},   {u"OneSided", any, u"OFF"}, {u"TwoSidedLongEdge", any, u"ON"},
-    {any, u"psk:OneSided", u"OFF"}, {any, any, u"ON"},
-};
-
-constexpr WordRow trayRows[] = {
-    {sameAsBody, u"psk:AutoSelect", u"AUTO"},
-    {u"Tray1", any, u"TRAY1"},
-    {u"Tray2", any, u"TRAY2"},
-    {u"Tray3", any, u"TRAY3"},
-    {u"Tray4", any, u"TRAY4"},
-    {u"LCT", any, u"TRAY5"},
-    {u"BypassTray", any, u"MANUALFEED"},
-    {u"PITray1", any, u"PITRAY1"},
-    {u"PITray2", any, u"PITRAY2"},
-};
-
-constexpr WordRow stapleRows[] = {
-    {sameAsBody, u"psk:None", u"OFF"},
-    {sameAsBody, u"psk:StapleTopLeft", u"LEFT1POINT"},
-    {sameAsBody, u"psk:StapleTopRight", u"RIGHT1POINT"},
-    {u"StapleTopLeft", any, u"LEFT1POINT"},
-    {u"StapleTopRight", any, u"RIGHT1POINT"},
-    {any, any, u"ANY2POINT"},
-};
-
 bool Fits(std::optional<std::u16string_view> pattern, std::u16string_view text) {
     return !pattern || *pattern == text;
 }
 
-void FillWord(WideText& command, std::span<const WordRow> rows, std::u16string_view word,
+void FillWord(WideText& command, std::span<const PerPageWord> rows, std::u16string_view word,
               std::u16string_view option) {
     const auto row = std::ranges::find_if(
-        rows, [&](const WordRow& each) { return Fits(each.Word, word) && Fits(each.Option, option); });
+        rows, [&](const PerPageWord& each) { return Fits(each.Keyword, word) && Fits(each.Option, option); });
     if (row != rows.end()) FillFirstPlaceholder(command, row->Value);
 }
 
@@ -79,8 +36,8 @@ WideText TabsOf(const Json::Value& list) {
 }
 
 bool InsertsTabSheet(const Json::Value& entry) {
-    return TextOf(entry["TabPaper"]) == u"Use" && !TextOf(entry["TextOnTab"]).IsEmpty() &&
-           TextOf(entry["PrintType"]) == insertedSheet;
+    return TextOf(entry["TabPaper"]) == UsedTabPaper && !TextOf(entry["TextOnTab"]).IsEmpty() &&
+           TextOf(entry["PrintType"]) == InsertedSheet;
 }
 
 // Wraps around, as unsigned numbers do.
@@ -131,31 +88,31 @@ void FillPrintType(WideText& command, const Json::Value& entry) {
     const WideText printType = TextOf(entry["PrintType"]);
     const WideText tabPaper = TextOf(entry["TabPaper"]);
     const WideText textOnTab = TextOf(entry["TextOnTab"]);
-    const bool isBlank = printType == insertedSheet && (tabPaper == noTabPaper || textOnTab.IsEmpty());
+    const bool isBlank = printType == InsertedSheet && (tabPaper == NoTabPaper || textOnTab.IsEmpty());
     FillFirstPlaceholder(command, isBlank ? u"BLANK" : u"PRINT");
 }
 
 void FillBinding(WideText& command, std::u16string_view option) {
-    FillWord(command, bindingRows, {}, option);
+    FillWord(command, PerPageBindingWords, {}, option);
 }
 
 void FillDuplex(WideText& command, const Json::Value& entry, std::u16string_view option) {
-    FillWord(command, duplexRows, TextOf(entry["PrintType"]).View(), option);
+    FillWord(command, PerPageDuplexWords, TextOf(entry["PrintType"]).View(), option);
 }
 
 void FillPaperTray(WideText& command, const Json::Value& entry, std::u16string_view option,
                    const OptionTables* tables) {
     const WideText tray = TextOf(entry["PaperTray"]);
-    if (tray == sameAsBody && option != u"psk:AutoSelect") {
+    if (tray == SameAsBody && option != u"psk:AutoSelect") {
         FillDeviceName(command, tables == nullptr ? nullptr : tables->PageInputBins, option);
     } else {
-        FillWord(command, trayRows, tray.View(), option);
+        FillWord(command, PerPageTrayWords, tray.View(), option);
     }
 }
 
 void FillMediaAndTabs(WideText& command, const Json::Value& entry, std::u16string_view option,
                       const OptionTables* tables, const Json::Value& list) {
-    if (TextOf(entry["TabPaper"]) == noTabPaper) {
+    if (TextOf(entry["TabPaper"]) == NoTabPaper) {
         FillDeviceName(command, tables == nullptr ? nullptr : tables->PageMediaTypes, option);
         FillFirstPlaceholder(command, u"NONE");
     } else {
@@ -165,7 +122,7 @@ void FillMediaAndTabs(WideText& command, const Json::Value& entry, std::u16strin
 }
 
 void FillStaple(WideText& command, const Json::Value& entry, std::u16string_view option) {
-    FillWord(command, stapleRows, TextOf(entry["Staple"]).View(), option);
+    FillWord(command, PerPageStapleWords, TextOf(entry["Staple"]).View(), option);
 }
 
 void FillPageRange(WideText& command, const Json::Value& entry, InsertedTabs& tabs) {

@@ -1,85 +1,45 @@
 #include "stages/CopySecurity.h"
 
-#include <span>
+#include <algorithm>
+#include <iterator>
 
 #include "conversion/JsonState.h"
 #include "conversion/TextOperations.h"
 #include "secrets/SecretPreparation.h"
+#include "stages/FeatureEngine.h"
 #include "stages/Stages.h"
 #include "tables/CopySecurityKeywords.h"
 
 namespace DeviceSpecificModule {
 namespace {
 
-// A setting's value and the device's word for it.
-struct SettingWord {
-    std::u16string_view Value;
-    std::u16string_view Word;
-};
-
-constexpr SettingWord dateWords[] = {
-    {u"Date1", u"Date1"}, {u"Date4", u"Date4"}, {u"Date2", u"Date2"},
-    {u"Date5", u"Date5"}, {u"Date3", u"Date3"},
-};
-constexpr SettingWord timeWords[] = {{u"Time1", u"Time1"}, {u"Time2", u"Time2"}};
-constexpr SettingWord sizeWords[] = {{u"Small", u"SMALL"}, {u"Normal", u"NORMAL"}, {u"Large", u"LARGE"}};
-constexpr SettingWord effectWords[] = {{u"Effect1", u"EFFECT1"}, {u"Effect2", u"EFFECT2"}};
-constexpr SettingWord placementWords[] = {{u"Composition1", u"COMPOSITION1"},
-                                          {u"Composition2", u"COMPOSITION2"}};
-constexpr SettingWord colorWords[] = {{u"Magenta", u"MAGENTA"}, {u"Cyan", u"CYAN"}, {u"Black", u"BLACK"}};
-constexpr SettingWord densityWords[] = {{u"-1", u"DENSITYL1"}, {u"0", u"DENSITYN"}, {u"1", u"DENSITYD1"}};
-constexpr SettingWord contrastWords[] = {
-    {u"-2", u"CONTRASTM2"}, {u"-1", u"CONTRASTM1"}, {u"0", u"CONTRASTN"},
-    {u"1", u"CONTRASTP1"},  {u"2", u"CONTRASTP2"},
-};
-constexpr SettingWord angleWords[] = {{u"P45", u"45"}, {u"None", u"0"}, {u"M45", u"315"}};
-
 struct DateTimeRow {
     std::u16string_view SwitchKey;
     std::u16string_view FormKey;
-    std::span<const SettingWord> Words;
+    KeywordCommandTable Words;
     std::u16string_view Field;
 };
 
 // In the order of the date and time format's placeholders.
 constexpr DateTimeRow dateTimeRows[] = {
-    {u"CopyProtectDateTime", u"CopyProtectDateTimeDateFormat", dateWords, u"DATE"},
-    {u"CopyProtectDateTimeTimeCheck", u"CopyProtectDateTimeTimeFormat", timeWords, u"TIME"},
+    {u"CopyProtectDateTime", u"CopyProtectDateTimeDateFormat", CopyProtectDateWords, u"DATE"},
+    {u"CopyProtectDateTimeTimeCheck", u"CopyProtectDateTimeTimeFormat", CopyProtectTimeWords, u"TIME"},
 };
 
 struct StyleRow {
     std::u16string_view Key;
-    std::span<const SettingWord> Words;
+    KeywordCommandTable Words;
 };
 
 // In the order of the style format's placeholders.
 constexpr StyleRow styleRows[] = {
-    {u"CopyProtectTextSize", sizeWords},       {u"CopyProtectEffect", effectWords},
-    {u"CopyProtectPlacement", placementWords}, {u"CopyProtectColor", colorWords},
-    {u"CopyProtectDensity", densityWords},     {u"CopyProtectPatternContrast", contrastWords},
-    {u"CopyProtectTextAngle", angleWords},
-};
-
-// The strings that the device knows and those that its administrator sets share their numbers; the first
-// field tells them apart.
-constexpr std::u16string_view knownString = u"FIXED";
-constexpr std::u16string_view ownString = u"ARBITRARY";
-
-struct StringRow {
-    std::u16string_view Type;
-    std::u16string_view Number;
-    std::u16string_view Field;
-};
-
-constexpr StringRow stringRows[] = {
-    {u"InvalidCopy", u"1", knownString},   {u"Copy", u"2", knownString},
-    {u"Invalid", u"3", knownString},       {u"InternalUse", u"4", knownString},
-    {u"Unauthorized", u"5", knownString},  {u"Draft", u"6", knownString},
-    {u"Confidential", u"7", knownString},  {u"IllegalCopy", u"8", knownString},
-    {u"MachineSetting1", u"1", ownString}, {u"MachineSetting2", u"2", ownString},
-    {u"MachineSetting3", u"3", ownString}, {u"MachineSetting4", u"4", ownString},
-    {u"MachineSetting5", u"5", ownString}, {u"MachineSetting6", u"6", ownString},
-    {u"MachineSetting7", u"7", ownString}, {u"MachineSetting8", u"8", ownString},
+    {u"CopyProtectTextSize", CopyProtectTextSizeWords},
+    {u"CopyProtectEffect", CopyProtectEffectWords},
+    {u"CopyProtectPlacement", CopyProtectPlacementWords},
+    {u"CopyProtectColor", CopyProtectColorWords},
+    {u"CopyProtectDensity", CopyProtectDensityWords},
+    {u"CopyProtectPatternContrast", CopyProtectContrastWords},
+    {u"CopyProtectTextAngle", CopyProtectAngleWords},
 };
 
 // The fields to print, of which the device wants a fixed number.
@@ -104,24 +64,23 @@ bool IsOn(const SharedJson& settings, std::u16string_view key) {
     return LookupCustomProperty(settings, key) == u"On";
 }
 
-void FillWord(WideText& command, std::span<const SettingWord> words, const WideText& value) {
-    for (const SettingWord& row : words)
-        if (value == row.Value) return FillFirstPlaceholder(command, row.Word);
+void FillWord(WideText& command, KeywordCommandTable words, const WideText& value) {
+    if (const KeywordCommand* row = FindKeyword(words, value.View()))
+        FillFirstPlaceholder(command, row->Command);
 }
 
-const StringRow* FindString(const WideText& type) {
-    for (const StringRow& row : stringRows)
-        if (type == row.Type) return &row;
-    return nullptr;
+const CopyProtectString* FindString(const WideText& type) {
+    const auto row = std::ranges::find(CopyProtectStrings, type.View(), &CopyProtectString::Keyword);
+    return row == std::end(CopyProtectStrings) ? nullptr : &*row;
 }
 
 void AppendString(const SharedJson& settings, std::u16string_view format, FieldList& fields, WideText& pjl) {
     if (!IsOn(settings, u"CopyProtectString")) return;
     WideText command(format);
-    const StringRow* row = FindString(LookupCustomProperty(settings, u"CopyProtectStringType"));
+    const CopyProtectString* row = FindString(LookupCustomProperty(settings, u"CopyProtectStringType"));
     if (row != nullptr) FillFirstPlaceholder(command, row->Number);
     AppendWideText(pjl, command);
-    fields.Add(row == nullptr ? knownString : row->Field);
+    fields.Add(row == nullptr ? CopyProtectKnownString : row->Field);
 }
 
 void FillDateOrTime(const SharedJson& settings, const DateTimeRow& row, WideText& command,
