@@ -13,7 +13,7 @@ namespace {
 
 constexpr int inputStatus = 2;
 
-constexpr AddVerb verbs[] = {AddConvertVerb, AddExplainVerb, AddTablesVerb, AddPassphraseVerb};
+constexpr AddVerb verbs[] = {AddConvertVerb, AddExplainVerb, AddCheckVerb, AddTablesVerb, AddPassphraseVerb};
 
 }  // namespace
 

@@ -59,27 +59,6 @@ void AddPieces(const std::vector<TicketItem>& items, TicketSettings& settings) {
     }
 }
 
-// As the module does it: comments allowed, and what was read ahead of a fault counts. Of the library's two
-// readers it is also the one that says where a fault stands.
-#pragma GCC diagnostic push
-#pragma GCC diagnostic ignored "-Wdeprecated-declarations"
-void Parse(TicketSettings& settings) {
-    settings.IsWellFormed = settings.Text.empty();
-    if (settings.IsWellFormed) return;
-    const char* begin = settings.Text.data();
-    try {
-        Json::Reader reader;
-        settings.IsWellFormed = reader.parse(begin, begin + settings.Text.size(), settings.Values, false);
-        const auto errors = reader.getStructuredErrors();
-        if (settings.IsWellFormed || errors.empty()) return;
-        settings.FaultAt = static_cast<std::size_t>(errors.front().offset_start);
-        settings.FaultCause = errors.front().message;
-    } catch (const Json::Exception& error) {
-        settings.FaultCause = error.what();
-    }
-}
-#pragma GCC diagnostic pop
-
 const XmlElement* FindCount(const XmlElement& root, const SettingsSeries& series) {
     const std::string name = std::string(vendorPrefix).append(series.Count);
     const auto isIt = [&](const XmlElement& element) {
@@ -110,7 +89,7 @@ std::vector<TicketSettings> ReadSettings(const XmlElement& root) {
         settings.CountPath = "/*[1]/*[" + std::to_string(count - root.Children.data() + 1) + "]";
         settings.Line = count->Line;
         AddPieces(items, settings);
-        Parse(settings);
+        static_cast<SettingsJson&>(settings) = ReadSettingsJson(settings.Text);
         all.push_back(std::move(settings));
     }
     return all;
@@ -124,6 +103,27 @@ const SettingsPiece* PieceAt(const TicketSettings& settings, std::size_t byte) {
     }
     return nullptr;
 }
+
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wdeprecated-declarations"
+// Of the library's two readers this is also the one that says where a fault stands.
+SettingsJson ReadSettingsJson(const std::string& text) {
+    SettingsJson json;
+    json.IsWellFormed = text.empty();
+    if (json.IsWellFormed) return json;
+    try {
+        Json::Reader reader;
+        json.IsWellFormed = reader.parse(text.data(), text.data() + text.size(), json.Values, false);
+        const auto errors = reader.getStructuredErrors();
+        if (json.IsWellFormed || errors.empty()) return json;
+        json.FaultAt = static_cast<std::size_t>(errors.front().offset_start);
+        json.FaultCause = errors.front().message;
+    } catch (const Json::Exception& error) {
+        json.FaultCause = error.what();
+    }
+    return json;
+}
+#pragma GCC diagnostic pop
 
 std::string WriteSettings(const Json::Value& values) {
     Json::StreamWriterBuilder builder;

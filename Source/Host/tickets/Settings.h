@@ -37,19 +37,24 @@ struct SettingsPiece {
     int Line = 0;
 };
 
+// JSON as the module reads it: comments allowed, and what was read ahead of a fault counts.
+struct SettingsJson {
+    Json::Value Values;         // the members up to the first fault, as they are read
+    bool IsWellFormed = false;  // or empty
+    std::size_t FaultAt = 0;    // where it isn't: the byte of the text,
+    std::string FaultCause;     // and why
+};
+SettingsJson ReadSettingsJson(const std::string& text);
+
 // A series that stands in a ticket.
-struct TicketSettings {
+struct TicketSettings : SettingsJson {
     const SettingsSeries* Series = nullptr;
     std::string CountText;              // as it stands
     std::int64_t Count = 0;             // as it is read: the digits in front; 0 where there are none
     std::string CountPath;              // finds its psf:ParameterInit
     int Line = 0;                       // of the count
     std::vector<SettingsPiece> Pieces;  // by index, those too that the count leaves out
-    std::string Text;                   // of those that are counted, joined
-    Json::Value Values;                 // the members up to the first fault, as they are read
-    bool IsWellFormed = false;          // or empty
-    std::size_t FaultAt = 0;            // where it isn't: the byte of Text,
-    std::string FaultCause;             // and why
+    std::string Text;                   // of those that are counted, joined: the JSON
 };
 
 inline bool IsCounted(const TicketSettings& settings, const SettingsPiece& piece) {

@@ -2,6 +2,7 @@
 #include <memory>
 #include <string>
 
+#include "Host/check/JobChecks.h"
 #include "Host/ground/StandardStreams.h"
 #include "Host/jobs/JobRunner.h"
 #include "Host/output/FileOutput.h"
@@ -47,12 +48,22 @@ void AddSinks(const ConvertOptions& options, StandardOutput& output, SinkList& s
     if (asText || options.Format == "html") sinks.Add(std::make_unique<ErrorLines>());
 }
 
+// One line for a person, who may have overlooked what counts for nothing.
+void SayWarnings(const Job& job) {
+    const std::size_t count = CountWarnings(CheckJob(job));
+    if (count == 0) return;
+    WriteErrorLine(std::to_string(count) + (count == 1 ? " warning" : " warnings") +
+                   "; tickethost check shows " + (count == 1 ? "it" : "them"));
+}
+
 int Convert(const ConvertOptions& options) {
     const Job job = ReadJob(options.Job);
     StandardOutput output;
     SinkList sinks;
     AddSinks(options, output, sinks);
-    return RunJob(job, options.KeepGoing, sinks) ? 0 : 1;
+    const bool succeeded = RunJob(job, options.KeepGoing, sinks);
+    if (options.Format == "text") SayWarnings(job);
+    return succeeded ? 0 : 1;
 }
 
 }  // namespace

@@ -1,0 +1,10 @@
+#pragma once
+
+#include "Host/check/TicketChecks.h"
+
+namespace TicketHost {
+
+// Checks the user's settings that a ticket carries, and adds those of a job ticket to the state.
+void CheckSettings(const Platform::XmlElement& root, Level level, JobState& job, TicketReport& report);
+
+}  // namespace TicketHost

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <json/value.h>
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "Host/check/Findings.h"
+#include "Host/check/Vocabulary.h"
+
+namespace TicketHost {
+
+// What the calls ahead have told the module of the job.
+struct JobState {
+    Json::Value Settings;  // "features" and "paraminits", merged as the module does
+    std::optional<std::string>
+        SaidSize;  // the value of OutPSize of which is said that tickets' sizes don't count
+
+    // The setting's value as a text; empty where there is none.
+    std::string Setting(std::string_view name) const;
+};
+
+// Checks a ticket for a level of conversion. A job ticket's settings are those of the state already.
+void CheckTicket(const Platform::XmlElement& root, Level level, JobState& job, TicketReport& report);
+
+}  // namespace TicketHost

@@ -1,0 +1,235 @@
+#include <gtest/gtest.h>
+#include <json/json.h>
+
+#include <algorithm>
+#include <map>
+#include <set>
+
+#include "Host/check/Vocabulary.h"
+#include "Host/ground/MemoryBags.h"
+#include "Host/jobs/KnownProperties.h"
+#include "Host/tickets/Settings.h"
+#include "Support.h"
+#include "conversion/JsonState.h"
+#include "ticket/TicketNamespaces.h"
+
+// The vocabulary is what the module asks for, no more and no less: conversions of all kinds run with
+// everything watched that they read.
+
+namespace {
+
+using Names = std::set<std::string>;
+
+struct Asked {
+    Names Settings, PerPage, Items, Properties;
+};
+
+Asked* asked = nullptr;  // of the conversion that is being watched
+
+std::string Utf8(std::u16string_view text) { return DeviceSpecificModule::Narrow(Platform::WideText(text)); }
+
+}  // namespace
+
+// The linker sends what the module calls through these (--wrap).
+extern "C" {
+#define LOOKUP(prefix) \
+    prefix##_ZN20DeviceSpecificModule20LookupCustomPropertyERKSt10shared_ptrIKN4Json5ValueEESt17basic_string_viewIDsSt11char_traitsIDsEE
+#define FIND_CONSTANT(prefix) prefix##_ZNK4Json5ValueixEPKc
+#define FIND(prefix) prefix##_ZN4Json5ValueixEPKc
+
+Platform::WideText LOOKUP(__real_)(const DeviceSpecificModule::SharedJson&, std::u16string_view);
+Platform::WideText LOOKUP(__wrap_)(const DeviceSpecificModule::SharedJson& settings,
+                                   std::u16string_view name) {
+    if (asked != nullptr) asked->Settings.insert(Utf8(name));
+    return LOOKUP(__real_)(settings, name);
+}
+
+const Json::Value& FIND_CONSTANT(__real_)(const Json::Value*, const char*);
+const Json::Value& FIND_CONSTANT(__wrap_)(const Json::Value* value, const char* key) {
+    if (asked != nullptr) asked->PerPage.insert(key);
+    return FIND_CONSTANT(__real_)(value, key);
+}
+
+Json::Value& FIND(__real_)(Json::Value*, const char*);
+Json::Value& FIND(__wrap_)(Json::Value* value, const char* key) {
+    if (asked != nullptr) asked->PerPage.insert(key);
+    return FIND(__real_)(value, key);
+}
+}
+
+namespace TicketHost {
+namespace {
+
+using namespace DeviceSpecificModule;
+using Platform::Path;
+using Platform::PathStep;
+
+class WatchedBag final : public Platform::IPrintPipelinePropertyBag {
+public:
+    explicit WatchedBag(PipelineProperties properties) : held_(std::move(properties)) {}
+
+    bool GetProperty(std::u16string_view name, Platform::PropertyValue& value) const override {
+        asked->Properties.insert("pipeline " + Utf8(name));
+        return held_.GetProperty(name, value);
+    }
+    bool AddProperty(std::u16string_view name, const Platform::PropertyValue& value) override {
+        return held_.AddProperty(name, value);
+    }
+    bool DeleteProperty(std::u16string_view name) override { return held_.DeleteProperty(name); }
+
+private:
+    MemoryPipelineBag held_;
+};
+
+class WatchedPrinterBag final : public Platform::IPrinterPropertyBag {
+public:
+    explicit WatchedPrinterBag(std::string kind) : kind_(std::move(kind)) {}
+
+    bool GetString(std::u16string_view name, WideText&) const override { return Ask(name); }
+    bool GetInt32(std::u16string_view name, std::int32_t&) const override { return Ask(name); }
+
+private:
+    bool Ask(std::u16string_view name) const {
+        asked->Properties.insert(kind_ + Utf8(name));
+        return false;
+    }
+    std::string kind_;
+};
+
+class WatchedTicket final : public Platform::IXMLDOMDocument2 {
+public:
+    explicit WatchedTicket(TicketDocument held) : held_(std::move(held)) {}
+
+    bool setProperty(std::u16string_view name, std::u16string_view value) override {
+        return held_->setProperty(name, value);
+    }
+    bool selectSingleNode(std::u16string_view query, TicketNode& node) override {
+        ADD_FAILURE() << "a query that isn't watched: " << Utf8(query);
+        return held_->selectSingleNode(query, node);
+    }
+    WideText xml() const override { return held_->xml(); }
+    bool loadXML(const WideText& text, Platform::ParseError* error) override {
+        return held_->loadXML(text, error);
+    }
+    bool selectPath(Path path, TicketNode& node) override {
+        for (const PathStep& step : path)
+            if (step.Name)
+                asked->Items.insert(Utf8(step.Element) + (step.Namespace ? " reads " : " finds ") +
+                                    PrefixOf(step) + Utf8(*step.Name));
+        return held_->selectPath(path, node);
+    }
+    bool selectSeries(Path path, std::size_t numbered, std::span<TicketNode> nodes) override {
+        asked->Items.insert("series " + Utf8(*path[numbered].Name));
+        return held_->selectSeries(path, numbered, nodes);
+    }
+    bool appendToRoot(std::u16string_view root, const WideText& fragments) override {
+        return held_->appendToRoot(root, fragments);
+    }
+
+private:
+    static std::string PrefixOf(const PathStep& step) {
+        if (!step.Namespace) return "";
+        return *step.Namespace == DeviceSpecificModule::KeywordsNamespace ? "psk:" : "ns0000:";
+    }
+    TicketDocument held_;
+};
+
+PipelineProperties BagsOfAJob() {
+    const auto bag = [](const char* kind) {
+        return std::shared_ptr<Platform::IPrinterPropertyBag>(std::make_shared<WatchedPrinterBag>(kind));
+    };
+    return {{u"EncryptionID", Wide("[1,2]")},
+            {u"DriverPropertyBag", bag("driver ")},
+            {u"QueuePropertyBag", bag("queue ")}};
+}
+
+// All settings, each with the first of its words, "On" where that is one.
+Json::Value FullSettings() {
+    Json::Value settings;
+    for (const SettingRow& row : SettingRows()) {
+        const WordList words = row.Allowed.Words == nullptr ? WordList{"1"} : row.Allowed.Words();
+        const bool hasOn = std::ranges::find(words, "On") != words.end();
+        settings["features"][std::string(row.Name)] = hasOn ? "On" : words.front();
+    }
+    settings["features"]["OutPSize"] = "UsePaperSize";
+    settings["features"]["ROpt"] = "None";
+    settings["features"]["PerPageListDetails"] = R"({"NumberOfTabs":"5"})";
+    settings["features"]["PerPagePageDetails"] =
+        R"([{"PageNumber":"1","TabPaper":"Use","TextOnTab":"t","PrintType":"InsertBlankSheet"}])";
+    return settings;
+}
+
+// Converts a job, a document and a page of this ticket, and says what each of the levels asks.
+void Watch(const Json::Value& settings, const std::string& children, std::map<Level, Asked>& all) {
+    OptionTableSet tables(std::vector<std::string>(OptionTableNames.begin(), OptionTableNames.end()));
+    PTConverter snapshot;
+    const std::shared_ptr<Platform::IPrintPipelinePropertyBag> bag =
+        std::make_shared<WatchedBag>(BagsOfAJob());
+    for (const auto& [level, number] :
+         {std::pair{AtJob, JobLevel}, {AtDocument, DocumentLevel}, {AtPage, PageLevel}}) {
+        const std::string own = level == AtJob ? DeviceSpecificModule::Settings(WriteSettings(settings)) : "";
+        const auto ticket = std::make_shared<WatchedTicket>(MakeTicket(own + children));
+        asked = &all[level];
+        ProcessDrvPT(bag, ticket, number, tables.Record(), &snapshot);
+        asked = nullptr;
+    }
+}
+
+std::map<Level, Asked> WatchAllKinds() {
+    std::map<Level, Asked> all;
+    const Json::Value full = FullSettings();
+    for (const char* size : {"psk:ISOA4", "psk:CustomMediaSize", "ns0000:UserForm1"})
+        Watch(full, Feature("psk:PageMediaSize", size) + Feature("psk:DocumentCollate", "psk:Collated"), all);
+    for (const SettingRow& row : SettingRows()) {
+        WordList words = row.Allowed.Words == nullptr ? WordList() : row.Allowed.Words();
+        words.emplace_back("");
+        for (const std::string& word : words) {
+            Json::Value settings = full;
+            settings["features"][std::string(row.Name)] = word.substr(word.find(':') + 1);
+            Watch(settings, "", all);
+        }
+    }
+    return all;
+}
+
+Names ItemsAt(Level level) {
+    Names names;
+    for (const ItemRow& row : ItemRows()) {
+        const std::string element = row.Kind == ItemKind::Feature ? "psf:Feature" : "psf:ParameterInit";
+        if ((row.ReadAt & level) != 0) names.insert(element + " reads " + row.FullName());
+        if ((row.FoundAt & level) != 0) names.insert(element + " finds " + row.FullName());
+    }
+    if (level == AtJob)
+        for (const SettingsSeries& series : AllSettingsSeries)
+            names.insert("series " + std::string(series.Piece));
+    if (level != AtDocument)  // of the forms that a user named at the queue
+        for (const char* name : {"MediaSizeWidth", "MediaSizeHeight"})
+            names.insert(std::string("psf:ScoredProperty reads psk:") + name);
+    return names;
+}
+
+TEST(Vocabulary, IsWhatConversionsAskFor) {
+    std::map<Level, Asked> all = WatchAllKinds();
+    Asked together;
+    for (auto& [level, each] : all) {
+        EXPECT_EQ(each.Items, ItemsAt(level)) << "at level " << level;
+        together.Settings.merge(each.Settings);
+        together.PerPage.merge(each.PerPage);
+        together.Properties.merge(each.Properties);
+    }
+    Names settings, perPage, properties;
+    for (const SettingRow& row : SettingRows()) EXPECT_TRUE(settings.emplace(row.Name).second) << row.Name;
+    for (const PerPageRow& row : PerPageRows()) perPage.emplace(row.Name);
+    const char* bags[] = {"pipeline ", "driver ", "queue "};
+    for (const KnownProperty& row : KnownProperties())
+        properties.insert(bags[static_cast<int>(row.In)] + std::string(row.Name));
+    EXPECT_EQ(together.Settings, settings);
+    EXPECT_EQ(together.PerPage, perPage);
+    EXPECT_EQ(together.Properties, properties);
+    for (const PropertyRow& row : PropertyRows())
+        EXPECT_TRUE(IsPropertyRead(Bag::Pipeline, row.Name) || IsPropertyRead(Bag::Queue, row.Name))
+            << row.Name;
+}
+
+}  // namespace
+}  // namespace TicketHost
