@@ -18,6 +18,8 @@ enum class CodePage {
 // Sets the code page of the calling thread: any name that the platform's converters know, or an empty name to
 // go back to the locale's. Unknown names are taken and make conversions through CodePage::Thread fail.
 PLATFORM_API void SetThreadCodePage(std::string_view name);
+// What was set last for the calling thread; empty where that is the locale's.
+PLATFORM_API std::string GetThreadCodePage();
 
 // All conversions throw ResultError (ResultOutOfMemory) without memory.
 

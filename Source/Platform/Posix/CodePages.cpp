@@ -157,6 +157,8 @@ void SetThreadCodePage(std::string_view name) {
     chosenName[length] = '\0';
 }
 
+std::string GetThreadCodePage() { return chosenName; }
+
 bool ConvertToWide(CodePage page, std::string_view bytes, WideText& text) try {
     const std::string name = NameOf(page);
     std::u16string units;
