@@ -24,7 +24,7 @@ struct Guard {
     const char* Pattern;  // of a line that must be there
 };
 
-constexpr const char* objects[] = {PLATFORM_FILE, MODULE_FILE, TICKETHOST};
+constexpr const char* objects[] = {PLATFORM_FILE, MODULE_FILE, C_INTERFACE_FILE, TICKETHOST};
 
 constexpr Guard guards[] = {
     {"loads anywhere", "-h", "Type: +DYN "},
@@ -64,7 +64,7 @@ TEST(Hardening, LibrariesAreSoughtBesideTheObjectOnly) {
 // whole object needs the C library's start files to be built like that, which not every system's are; so look
 // at what is exported.
 TEST(Hardening, ExportedFunctionsAreMarkedAsTargets) {
-    for (const std::string object : {PLATFORM_FILE, MODULE_FILE}) {
+    for (const std::string object : {PLATFORM_FILE, MODULE_FILE, C_INTERFACE_FILE}) {
         const std::string code = OutputOf("objdump -d --no-show-raw-insn '" + object + "'");
         const std::string symbols = OutputOf("readelf -W --dyn-syms '" + object + "'");
         const std::regex exported(R"(: 0*([1-9a-f][0-9a-f]*) .* FUNC +GLOBAL +DEFAULT +\d+ (\w+))");
