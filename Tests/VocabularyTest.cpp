@@ -30,7 +30,9 @@ std::string Utf8(std::u16string_view text) { return DeviceSpecificModule::Narrow
 
 }  // namespace
 
-// The linker sends what the module calls through these (--wrap).
+// The linker sends what the module calls through these (--wrap), and what shared objects do, which must see
+// them.
+#pragma GCC visibility push(default)
 extern "C" {
 #define LOOKUP(prefix) \
     prefix##_ZN20DeviceSpecificModule20LookupCustomPropertyERKSt10shared_ptrIKN4Json5ValueEESt17basic_string_viewIDsSt11char_traitsIDsEE
@@ -56,6 +58,7 @@ Json::Value& FIND(__wrap_)(Json::Value* value, const char* key) {
     return FIND(__real_)(value, key);
 }
 }
+#pragma GCC visibility pop
 
 namespace TicketHost {
 namespace {
