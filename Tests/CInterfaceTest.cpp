@@ -119,6 +119,7 @@ TEST(CInterface, RefusesWhatMakesNoSense) {
     ASSERT_EQ(host.Convert(DSM_JOB_LEVEL, jobTicket), DSM_OK);
     DsmError& error = host.Error;
     DsmValue out;
+    DsmTicket* none = host.Ticket;
     const char *wrongTables[] = {"PageMediaType", "PageMediaTypes"}, *nullTable[] = {nullptr};
     const std::string longName = [] {
         std::string name;
@@ -169,7 +170,7 @@ TEST(CInterface, RefusesWhatMakesNoSense) {
         {"no row 73", change(73, &text)},
         {"a field holds texts alone", change(0, &null)},
         {"a text is not UTF-8 at byte 2", change(0, &wrong)},
-        {"bytes is null", [&] { return DsmLoadTicket(nullptr, 0, &host.Ticket, &error); }},
+        {"bytes is null", [&] { return DsmLoadTicket(nullptr, 0, &none, &error); }},
         {"ticket is null", [&] { return DsmGetTicketXml(nullptr, &out, &error); }},
         {"ticket is null", [&] { return DsmConvert(host.Job, 0, nullptr, nullptr, &error); }},
         {"result is null", [&] { return DsmGetProperty(nullptr, "a", &out, &error); }},
@@ -183,7 +184,7 @@ TEST(CInterface, RefusesWhatMakesNoSense) {
         EXPECT_TRUE(error.Status == DSM_BAD_ARGUMENT && error.Code == 0 && error.Line == 0) << said;
         EXPECT_TRUE(out.Type == DSM_ABSENT || out.Text == text.Text) << said;
     }
-    EXPECT_EQ(host.Ticket, nullptr);
+    EXPECT_EQ(none, nullptr);
     EXPECT_EQ(DsmUseTables(host.Job, wrongTables, 2, nullptr), DSM_BAD_ARGUMENT);
     EXPECT_EQ(DsmUseBag(host.Job, DSM_QUEUE, &own, &error), DSM_OK);
     EXPECT_TRUE(error.Status == DSM_OK && error.Text[0] == '\0');

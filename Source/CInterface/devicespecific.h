@@ -41,7 +41,8 @@
  * Threads  Any function may be called on any thread, and an object be used on one thread and then on another.
  *          Calls with the same job, the same ticket or the same result must not run at the same time, nor
  *          calls with jobs whose bags call functions that can't bear it; all others may. DsmConvert may ask
- *          the print service for a document's name and wait for it for some seconds.
+ *          the print service for a document's name and wait for it for some seconds. No thread may be
+ *          cancelled within a call.
  */
 
 #include <stddef.h>
@@ -211,8 +212,9 @@ enum {
 };
 
 /* Converts a ticket, which is edited in place, by the job's settings and what its conversions so far have
- * left. A job ticket makes "PJL" and "DATA" anew and sets other properties; a document's ticket is given the
- * size to print on; a page's adds its lines to "DATA". `result` may be null where nobody asks for it.
+ * left. A job ticket makes "PJL" anew, begins "DATA" and sets other properties; a document's ticket is given
+ * the size to print on; a page's adds its lines to "DATA", which so has all lines of the job. `result` may be
+ * null where nobody asks for it.
  *
  * When it fails, the job is as it was before, the properties in memory included, and the ticket holds the
  * edits made by then: convert one loaded anew. What a bag of the host's own has been given stays there;
