@@ -21,6 +21,8 @@
 #include <thread>
 #include <vector>
 
+#include "Platform/KeptAnswers.h"
+
 namespace Platform {
 namespace {
 
@@ -93,7 +95,7 @@ TEST_F(PrintQueueTest, TheFirstUnfinishedJobGivesTheName) {
     ASSERT_NO_FATAL_FAILURE(StartScheduler());
     AddJob("other", "On another queue");
     const int finished = AddJob("two", "Finished");
-    AddJob("two", "First");
+    const int first = AddJob("two", "First");
     AddJob("two", "Second");
     EXPECT_EQ(cupsCancelJob2(connection_, "two", finished, 0), IPP_STATUS_OK) << cupsLastErrorString();
     AddJob("odd", "Pr\u00FCfung \"A4\" \u65E5\u672C \U0001F600\nline 2");
@@ -127,9 +129,20 @@ TEST_F(PrintQueueTest, TheFirstUnfinishedJobGivesTheName) {
         "'" TICKETHOST "' convert --pipeline PrinterName=two '" SAMPLES_DIR "/tickets/job.xml'";
     EXPECT_EQ(std::system((convert + " | grep -q '@PJL SET JOBNAME = \"First\"'"s).c_str()), 0);
 
+    {
+        const Platform::KeptAnswers kept;
+        EXPECT_EQ(FirstDocumentName(u"two"), u"First");
+        EXPECT_EQ(FirstDocumentName(u"empty"), std::nullopt);
+        AddJob("empty", "New");
+        EXPECT_EQ(cupsCancelJob2(connection_, "two", first, 0), IPP_STATUS_OK) << cupsLastErrorString();
+        EXPECT_EQ(std::async(std::launch::async, FirstDocumentName, u"two").get(), u"First");
+        EXPECT_EQ(FirstDocumentName(u"empty"), std::nullopt);
+        EXPECT_EQ(FirstDocumentName(u"odd"), u"Pr\u00FCfung \"A4\" \u65E5\u672C \U0001F600\nline 2");
+    }
+    EXPECT_EQ(FirstDocumentName(u"empty"), u"New");
     std::future<std::optional<std::u16string>> answers[4];
     for (auto& answer : answers) answer = std::async(std::launch::async, FirstDocumentName, u"two");
-    for (auto& answer : answers) EXPECT_EQ(answer.get(), u"First");
+    for (auto& answer : answers) EXPECT_EQ(answer.get(), u"Second");
 }
 
 // What a service says, whatever it is asked: the start, then the rest for ever.

@@ -64,16 +64,20 @@ void CauseFinder::NameThoseAlone() {
     for (const LinePlace place : asked_) KeepInnermost(At(place).Causes);
 }
 
+// What a ticket says was edited has no prefix, and behind its name what stands in it.
 void CauseFinder::NameSubjects() {
     std::map<std::pair<std::size_t, std::string>, ItemSet> named;  // by ticket and the outermost one's name
-    for (std::size_t item = 0; item < items_.size(); ++item)
-        if (items_[item].Ticket != NoIndex)
-            named[{items_[item].Ticket, items_[OutermostOf(items_, item)].Name}].push_back(item);
+    for (std::size_t item = 0; item < items_.size(); ++item) {
+        if (items_[item].Ticket == NoIndex) continue;
+        const std::string& name = items_[OutermostOf(items_, item)].Name;
+        named[{items_[item].Ticket, name.substr(name.find(':') + 1)}].push_back(item);
+    }
     for (const LinePlace place : asked_) {
         ExplainedLine& line = At(place);
         if (line.Kind != LineKind::Ticket) continue;
         const std::string& key = found_.Trials.Lines()[place.Call][place.Line].Key;
-        line.Subjects = named[{explanation_.Calls[place.Call].TicketIndex, key}];
+        const std::string name = key.substr(0, key.find(' '));
+        line.Subjects = named[{explanation_.Calls[place.Call].TicketIndex, name.substr(name.find(':') + 1)}];
         std::erase_if(line.Causes, [&](const Cause& cause) {
             return std::ranges::binary_search(line.Subjects, cause.Items[0]);
         });

@@ -51,8 +51,8 @@ void ForEachOnThreads(std::size_t count, const Work& work) {
 
 }  // namespace
 
-Experiment::Experiment(const Conversions& conversions, std::size_t calls)
-    : conversions_(conversions), base_(conversions.Run({}, calls, nullptr)) {
+Experiment::Experiment(const Conversions& conversions, std::size_t calls, Progress progress)
+    : conversions_(conversions), progress_(std::move(progress)), base_(conversions.Run({}, calls, nullptr)) {
     for (const auto& [call, outcome] : base_) lines_.push_back(LinesOf(outcome));
 }
 
@@ -113,22 +113,26 @@ Changes Experiment::Settle(const ItemSet& without, const Trial& trial, const Tri
 Changes Experiment::Try(const ItemSet& without, std::size_t calls) const {
     const std::size_t made = std::min(calls, CallCount());
     const Trial trial = conversions_.Run(without, made, &base_);
+    Count(0);
     if (trial.empty()) return {};
     return Settle(without, trial, conversions_.Run({}, trial.rbegin()->first + 1, &base_));
 }
 
-std::vector<Changes> Experiment::TryAll(const std::vector<ItemSet>& sets, const Progress& progress) const {
+void Experiment::Count(std::size_t total) const {
+    const std::lock_guard lock(guard_);
+    ++made_;
+    if (progress_) progress_(made_, total);
+}
+
+std::vector<Changes> Experiment::TryAll(const std::vector<ItemSet>& sets) const {
     std::vector<Changes> all(sets.size());
-    std::atomic<std::size_t> done = 0;
-    std::mutex guard;
     const auto tryBracket = [&](std::size_t bracket) {
         const std::size_t first = bracket * setsInBracket;
         const std::size_t end = std::min(first + setsInBracket, sets.size());
         std::vector<Trial> trials;
         for (std::size_t at = first; at < end; ++at) {
             trials.push_back(conversions_.Run(sets[at], CallCount(), &base_));
-            const std::lock_guard lock(guard);
-            if (progress) progress(++done, sets.size());
+            Count(sets.size());
         }
         const Trial after = conversions_.Run({}, CallCount(), &base_);
         for (std::size_t at = first; at < end; ++at) all[at] = Settle(sets[at], trials[at - first], after);

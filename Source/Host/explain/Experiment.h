@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <map>
+#include <mutex>
 #include <span>
 #include <vector>
 
@@ -23,7 +24,7 @@ public:
 // alone, and nothing behind it is compared.
 using Changes = std::map<std::size_t, std::vector<LineChange>>;
 
-// Tells how many trials were made, and of how many, as far as that is known.
+// Tells how many trials were made, and of how many; 0 where that isn't known. Called by one thread at a time.
 using Progress = std::function<void(std::size_t done, std::size_t total)>;
 
 // Converts a job again and again to find what its items do. Some lines change by themselves, since they hold
@@ -34,7 +35,7 @@ using Progress = std::function<void(std::size_t done, std::size_t total)>;
 class Experiment {
 public:
     // Converts the unchanged job.
-    Experiment(const Conversions& conversions, std::size_t calls);
+    Experiment(const Conversions& conversions, std::size_t calls, Progress progress);
 
     // How many calls were made: fewer than asked for where one threw.
     std::size_t CallCount() const { return base_.size(); }
@@ -44,7 +45,7 @@ public:
     // What is other without these items, in the first so many calls.
     Changes Try(const ItemSet& without, std::size_t calls) const;
     // The same for each of several sets, on two threads.
-    std::vector<Changes> TryAll(const std::vector<ItemSet>& sets, const Progress& progress) const;
+    std::vector<Changes> TryAll(const std::vector<ItemSet>& sets) const;
 
 private:
     const CallOutcome& Of(const Trial& trial, std::size_t call) const;
@@ -54,7 +55,12 @@ private:
     void Record(std::size_t call, const CallOutcome& unchanged, const CallOutcome& tried,
                 const Patterns& patterns, Changes& changes) const;
 
+    void Count(std::size_t total) const;
+
     const Conversions& conversions_;
+    const Progress progress_;
+    mutable std::mutex guard_;
+    mutable std::size_t made_ = 0;  // trials
     Trial base_;
     std::vector<std::vector<OutcomeLine>> lines_;
 };

@@ -8,6 +8,8 @@
 #include "Host/explain/Investigation.h"
 #include "Host/explain/Variants.h"
 #include "Host/ground/Errors.h"
+#include "Host/ground/Nearest.h"
+#include "Platform/KeptAnswers.h"
 #include "conversion/DeviceSpecificModule.h"
 
 namespace TicketHost {
@@ -20,10 +22,9 @@ public:
     Explainer(const Conversions& conversions, const Question& question, const Progress& progress,
               Explanation& explanation)
         : question_(question),
-          progress_(progress),
           explanation_(explanation),
           items_(explanation.Items),
-          found_(conversions, items_, question.Call.value_or(explanation.Calls.size())) {}
+          found_(conversions, items_, question.Call.value_or(explanation.Calls.size()), progress) {}
 
     void Explain();
 
@@ -38,11 +39,11 @@ private:
     bool DoAllSomething(const std::vector<bool>& asked) const;
     bool IsDoneInside(std::size_t item, std::size_t call, const LineChange& change) const;
     void DescribeEffects();
+    bool SaysSomething(std::size_t item) const;
     bool IsKept(LinePlace place, const std::vector<bool>& asked) const;
     void Narrow(const std::vector<bool>& asked);
 
     const Question& question_;
-    const Progress& progress_;
     Explanation& explanation_;
     std::vector<SourceItem>& items_;
     Investigation found_;
@@ -80,9 +81,11 @@ std::vector<bool> Explainer::AskedItems() const {
         asked[at] = item.Name == *question_.Item || WithoutPrefix(item.Name) == *question_.Item ||
                     (item.Parent != NoIndex && asked[item.Parent]);
     }
-    if (std::ranges::find(asked, true) == asked.end())
-        throw InputError(explanation_.Job, "nothing in it is called " + *question_.Item);
-    return asked;
+    if (std::ranges::find(asked, true) != asked.end()) return asked;
+    std::vector<std::string_view> names;
+    for (const SourceItem& item : items_) names.push_back(WithoutPrefix(item.Name));
+    throw InputError(explanation_.Job,
+                     "nothing in it is called " + *question_.Item + DidYouMean(*question_.Item, names));
 }
 
 void Explainer::TryEach(ItemSet items) {
@@ -91,7 +94,7 @@ void Explainer::TryEach(ItemSet items) {
     });
     std::vector<ItemSet> sets;
     for (const std::size_t item : items) sets.push_back({item});
-    std::vector<Changes> changes = found_.Trials.TryAll(sets, progress_);
+    std::vector<Changes> changes = found_.Trials.TryAll(sets);
     for (std::size_t at = 0; at < items.size(); ++at) found_.Results[items[at]] = std::move(changes[at]);
 }
 
@@ -161,6 +164,14 @@ void Explainer::DescribeEffects() {
     }
 }
 
+// Whether it says something that an item does nothing to what is asked for. That it does nothing to one line
+// does not, unless another hides it; that it does nothing to a call does if it is of that call's ticket.
+bool Explainer::SaysSomething(std::size_t item) const {
+    if (!items_[item].HiddenBy.empty()) return true;
+    return !question_.Line &&
+           (!question_.Call || items_[item].Ticket == explanation_.Calls.back().TicketIndex);
+}
+
 bool Explainer::IsKept(LinePlace place, const std::vector<bool>& asked) const {
     if (!IsAsked(place)) return false;
     if (!question_.Item) return true;
@@ -185,7 +196,8 @@ void Explainer::Narrow(const std::vector<bool>& asked) {
         explanation_.Calls[call].Lines = std::move(lines);
     }
     for (std::size_t item = 0; item < items_.size(); ++item) {
-        if (!asked[item]) items_[item].Tried = false, items_[item].Effects.clear();
+        if (!asked[item]) items_[item].Effects.clear();
+        if (!asked[item] || !SaysSomething(item)) items_[item].Tried = false;
         for (Effect& effect : items_[item].Effects) {
             if (effect.Line != NoIndex) effect.Line = kept.at({effect.Call, effect.Line});
             if (question_.Call) effect.Call = 0;
@@ -245,13 +257,15 @@ Explanation Explain(const Job& job, const Question& question, const Progress& pr
     JobItems items = ListItems(job);
     Explanation explanation{job.Name, job.Calls.size(), {}, items.Items};
     if (question.Call && (*question.Call == 0 || *question.Call > job.Calls.size()))
-        throw InputError("--call " + std::to_string(*question.Call),
-                         "the job has " + std::to_string(job.Calls.size()) + " calls");
+        throw InputError(
+            "--call " + std::to_string(*question.Call),
+            "the job has " + std::to_string(job.Calls.size()) + (job.Calls.size() == 1 ? " call" : " calls"));
     for (std::size_t call = 0; call < job.Calls.size(); ++call)
         explanation.Calls.push_back({call + 1, job.Calls[call].Level, job.Calls[call].Source->Name, 0, {}});
     for (std::size_t ticket = 0; ticket < items.Tickets.size(); ++ticket)
         for (const std::size_t call : items.Tickets[ticket].Calls)
             explanation.Calls[call - 1].TicketIndex = ticket;
+    const Platform::KeptAnswers kept;
     Explain(JobConversions(job, items), question, progress, explanation);
     return explanation;
 }

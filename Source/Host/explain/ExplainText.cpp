@@ -1,10 +1,10 @@
 #include <algorithm>
 #include <map>
-#include <utility>
 
 #include "Host/explain/ExplainOutput.h"
 #include "Host/ground/Painter.h"
 #include "Host/ground/Texts.h"
+#include "Host/output/CallWords.h"
 
 namespace TicketHost {
 namespace {
@@ -28,12 +28,20 @@ std::string NameCalls(const std::vector<std::size_t>& numbers) {
 class TextExplanation {
 public:
     TextExplanation(std::ostream& out, const Explanation& explanation, bool colour)
-        : out_(out), painter_(colour), explanation_(explanation) {}
+        : out_(out),
+          painter_(colour),
+          explanation_(explanation),
+          withEffect_(ItemsWithEffect(explanation)),
+          inner_(explanation.Items.size()) {
+        for (std::size_t item = 0; item < explanation.Items.size(); ++item)
+            if (Item(item).Parent != NoIndex) inner_[Item(item).Parent].push_back(item);
+    }
 
     void Write() {
         for (const ExplainedCall& call : explanation_.Calls) WriteCall(call);
         WriteItemsWithEffect();
-        WriteItemsWithout();
+        for (std::size_t item = 0; item < explanation_.Items.size(); ++item)
+            if (Item(item).Parent == NoIndex) WriteIdle(item);
     }
 
 private:
@@ -44,14 +52,21 @@ private:
     void WriteNote(const std::string& note) { out_ << "      " << painter_.Paint(Tone::Faint, note) << "\n"; }
     void WriteCall(const ExplainedCall& call);
     void WriteLine(const ExplainedLine& line);
+    void ListSets();
+    void WriteHeading(const char* heading);
     void WriteItemsWithEffect();
     void WriteEffects(const SourceItem& item);
     void WriteSetsWith(std::size_t item);
-    void WriteItemsWithout();
+    void WriteIdle(std::size_t item);
+    void WriteFate(std::size_t item);
+    bool IsTriedAround(std::size_t item) const;
 
     std::ostream& out_;
     Painter painter_;
     const Explanation& explanation_;
+    const char* heading_ = nullptr;
+    const std::vector<bool> withEffect_;
+    std::vector<std::vector<std::size_t>> inner_;  // what stands right in each item
     std::vector<std::map<std::vector<std::size_t>, std::vector<std::string>>> sets_;
 };
 
@@ -59,11 +74,11 @@ std::string TextExplanation::PlaceOf(const SourceItem& item) const {
     return Visible(item.File) + (item.Line > 0 ? ":" + std::to_string(item.Line) : "");
 }
 
-// "LABEL, FILE:LINE" of one; of several "together: ..., and ...".
+// "LABEL, FILE:LINE" of each.
 std::string TextExplanation::NameOf(const std::vector<std::size_t>& items) const {
-    std::string text = items.size() > 1 ? "only together: " : "";
+    std::string text;
     for (const std::size_t item : items)
-        text += (item == items.front() ? "" : "; ") + Item(item).Label + ", " + PlaceOf(Item(item));
+        text += (item == items.front() ? "" : " and ") + Item(item).Label + ", " + PlaceOf(Item(item));
     return text;
 }
 
@@ -71,7 +86,8 @@ void TextExplanation::WriteCall(const ExplainedCall& call) {
     if (call.Lines.empty()) return;
     const std::string number =
         "Call " + std::to_string(call.Number) + " of " + std::to_string(explanation_.CallCount) + ": ";
-    out_ << painter_.Paint(Tone::Heading, number + Visible(call.Ticket)) << "\n";
+    const std::string subject = NameOfLevel(call.Level) + ", " + Visible(call.Ticket);
+    out_ << painter_.Paint(Tone::Heading, number + subject) << "\n";
     const ExplainedLine* before = nullptr;
     for (const ExplainedLine& line : call.Lines) {
         if (before == nullptr || before->Kind != line.Kind)
@@ -87,9 +103,11 @@ void TextExplanation::WriteLine(const ExplainedLine& line) {
         line.Text.empty() ? painter_.Paint(Tone::Faint, "(empty line)") : Shortened(line.Text, longestText);
     out_ << "    " << (line.Kind == LineKind::Error ? painter_.Paint(Tone::Error, text) : text) << "\n";
     for (const Cause& cause : line.Causes) {
-        const std::string instead =
-            cause.Instead ? "; without: " + Shortened(*cause.Instead, longestText) : "";
-        WriteNote("<- " + NameOf(cause.Items) + instead);
+        const bool isOne = cause.Items.size() == 1;
+        WriteNote((isOne ? "<- " : "<- only together: ") + NameOf(cause.Items));
+        if (cause.Instead)
+            WriteNote((isOne ? "   without it: " : "   without them: ") +
+                      Shortened(*cause.Instead, longestText));
     }
     if (!line.Subjects.empty()) WriteNote("of " + NameOf({line.Subjects.front()}));
 }
@@ -99,7 +117,7 @@ std::string TextExplanation::TextOf(const Effect& effect) const {
     if (effect.Line == NoIndex) return "keeps away: " + quoted(effect.Instead.value_or(""));
     const std::string& line = explanation_.Calls[effect.Call].Lines[effect.Line].Text;
     const std::string text = line.empty() ? "(empty line)" : quoted(line);
-    return text + (effect.Instead ? "; without: " + quoted(*effect.Instead) : "");
+    return text + (effect.Instead ? "; without it: " + quoted(*effect.Instead) : "");
 }
 
 // What is the same in several calls is said once.
@@ -124,7 +142,8 @@ void TextExplanation::WriteSetsWith(std::size_t item) {
     }
 }
 
-void TextExplanation::WriteItemsWithEffect() {
+// What items cause only together with others, by item and others.
+void TextExplanation::ListSets() {
     sets_.resize(explanation_.Items.size());
     for (const ExplainedCall& call : explanation_.Calls)
         for (const ExplainedLine& line : call.Lines)
@@ -135,30 +154,55 @@ void TextExplanation::WriteItemsWithEffect() {
                     if (!others.empty())
                         sets_[item][others].push_back(NameCalls({call.Number}) + ", " + line.Text);
                 }
-    bool labelled = false;
+}
+
+void TextExplanation::WriteItemsWithEffect() {
+    ListSets();
     for (std::size_t item = 0; item < explanation_.Items.size(); ++item) {
         if (Item(item).Effects.empty() && sets_[item].empty()) continue;
-        if (!std::exchange(labelled, true))
-            out_ << painter_.Paint(Tone::Heading, "What each item did") << "\n";
+        WriteHeading("What each item did");
         out_ << "  " << painter_.Paint(Tone::Label, NameOf({item})) << "\n";
         WriteEffects(Item(item));
         WriteSetsWith(item);
     }
-    if (labelled) out_ << "\n";
 }
 
-void TextExplanation::WriteItemsWithout() {
-    const std::vector<bool> withEffect = ItemsWithEffect(explanation_);
-    bool labelled = false;
-    for (std::size_t item = 0; item < explanation_.Items.size(); ++item) {
-        const std::size_t outer = Item(item).Parent;
-        if (!Item(item).Tried || withEffect[item]) continue;
-        if (outer != NoIndex && Item(outer).Tried && !withEffect[outer] && Item(item).HiddenBy.empty())
-            continue;
-        if (!std::exchange(labelled, true)) out_ << painter_.Paint(Tone::Heading, "Without effect") << "\n";
-        out_ << "  " << NameOf({item}) << "\n";
-        if (!Item(item).HiddenBy.empty()) WriteNote("hidden by " + NameOf(Item(item).HiddenBy));
+// One line for an item with all that stands in it, but where that is what a person looks for.
+void TextExplanation::WriteIdle(std::size_t item) {
+    const bool opens = Item(item).Kind == SourceKind::Series ||
+                       std::ranges::any_of(inner_[item], [&](auto at) { return !Item(at).HiddenBy.empty(); });
+    if (withEffect_[item] || (opens && !inner_[item].empty())) {
+        for (const std::size_t at : inner_[item]) WriteIdle(at);
+        return;
     }
+    if (!Item(item).Tried && !IsTriedAround(item)) return;
+    WriteHeading("Without effect");
+    const std::size_t count = inner_[item].size();
+    const bool says = count > 0 && Item(item).Kind != SourceKind::Feature;
+    out_ << "  " << NameOf({item}) << (says ? ", with the " + std::to_string(count) + " in it" : "") << "\n";
+    if (!Item(item).HiddenBy.empty()) WriteNote("hidden by " + NameOf(Item(item).HiddenBy));
+    WriteFate(item);
+}
+
+// What was done to it.
+void TextExplanation::WriteFate(std::size_t item) {
+    for (const ExplainedCall& call : explanation_.Calls)
+        for (const ExplainedLine& line : call.Lines)
+            if (!line.Subjects.empty() && line.Subjects.front() == item)
+                WriteNote(NameCalls({call.Number}) + ", ticket: " + Shortened(line.Text, longestText));
+}
+
+// What stands in something without effect has none, and needn't have been taken away by itself.
+bool TextExplanation::IsTriedAround(std::size_t item) const {
+    const std::size_t outer = Item(item).Parent;
+    return outer != NoIndex && !withEffect_[outer] && (Item(outer).Tried || IsTriedAround(outer));
+}
+
+void TextExplanation::WriteHeading(const char* heading) {
+    if (heading == heading_) return;
+    if (heading_ != nullptr) out_ << "\n";
+    heading_ = heading;
+    out_ << painter_.Paint(Tone::Heading, heading) << "\n";
 }
 
 }  // namespace

@@ -45,15 +45,15 @@ struct Effect {
 // items.
 struct SourceItem {
     SourceKind Kind = SourceKind::Feature;
-    std::string Name{};             // as written: "psk:PageMediaSize", "TonerSave", "PrinterName"
-    std::string Value{};            // empty for what holds other items and has no value of its own
-    std::string Label{};            // for a person, with what it stands in: "psk:PageMediaSize: psk:ISOA4"
-    std::string File{};             // the ticket's name, or the job's for a property of a bag
-    int Line = 0;                   // in there, from 1; 0 where it isn't known
-    std::size_t Parent = NoIndex;   // the item that it stands in, always ahead of it
-    std::size_t Call = 0;           // the number of the first call that it can touch, from 1
-    std::size_t Ticket = NoIndex;   // in the order of the calls, each once; NoIndex for a property of a bag
-    bool Tried = false;             // whether it was taken away; what wasn't asked for is not
+    std::string Name{};            // as written: "psk:PageMediaSize", "TonerSave", "PrinterName"
+    std::string Value{};           // empty for what holds other items and has no value of its own
+    std::string Label{};           // for a person, with what it stands in: "psk:PageMediaSize: psk:ISOA4"
+    std::string File{};            // the ticket's name, or the job's for a property of a bag
+    int Line = 0;                  // in there, from 1; 0 where it isn't known
+    std::size_t Parent = NoIndex;  // the item that it stands in, always ahead of it
+    std::size_t Call = 0;          // the number of the first call that it can touch, from 1
+    std::size_t Ticket = NoIndex;  // in the order of the calls, each once; NoIndex for a property of a bag
+    bool Tried = false;  // whether it was taken away and what it does, if only nothing, is asked for
     std::vector<Effect> Effects{};  // of it alone; what one of the items in it does just as well is there
     std::vector<std::size_t> HiddenBy{};  // indices of the items without which it would have an effect
 };

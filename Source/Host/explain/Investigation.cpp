@@ -25,8 +25,8 @@ ItemSet Opened(const ItemSet& set, std::size_t item, const ItemSet& inner) {
 }  // namespace
 
 Investigation::Investigation(const Conversions& conversions, const std::vector<SourceItem>& items,
-                             std::size_t calls)
-    : Items(items), Inner(InnerOf(items)), Results(items.size()), Trials(conversions, calls) {}
+                             std::size_t calls, const Progress& progress)
+    : Items(items), Inner(InnerOf(items)), Results(items.size()), Trials(conversions, calls, progress) {}
 
 const Changes& Investigation::Try(const ItemSet& without, std::size_t calls) {
     Known& known = known_[without];

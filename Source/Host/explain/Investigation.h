@@ -16,7 +16,8 @@ struct LinePlace {
 // What is known of a job while it is explained.
 class Investigation {
 public:
-    Investigation(const Conversions& conversions, const std::vector<SourceItem>& items, std::size_t calls);
+    Investigation(const Conversions& conversions, const std::vector<SourceItem>& items, std::size_t calls,
+                  const Progress& progress);
 
     // What is other without these items in the first so many calls; asked again, it is remembered.
     const Changes& Try(const ItemSet& without, std::size_t calls);

@@ -96,7 +96,9 @@ void TicketLister::AddSeries(std::size_t series) {
     for (const char* group : SettingsGroups) {
         const Json::Value& members = settings.Values[group];
         if (!members.isObject()) continue;
-        for (const std::string& name : members.getMemberNames())
+        std::vector<std::string> names = members.getMemberNames();
+        std::ranges::sort(names, {}, [&](const auto& name) { return members[name].getOffsetStart(); });
+        for (const std::string& name : names)
             AddSetting({.Series = series, .Group = group, .Member = name}, index, members[name]);
     }
 }

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "Host/explain/EditLines.h"
 #include "Host/ground/Texts.h"
+#include "Host/tickets/TicketChanges.h"
 #include "conversion/DeviceSpecificModule.h"
 
 namespace TicketHost {
@@ -120,15 +120,19 @@ void AddProperty(const CallOutcome& outcome, const std::u16string& name, std::ve
     lines.push_back({LineKind::Property, key, key + said});
 }
 
+std::vector<TicketChange> EditsOf(const WideText& before, const WideText& after) {
+    return before == after ? std::vector<TicketChange>() : CompareTickets(before, after);
+}
+
 std::vector<OutcomeLine> ListLines(const CallOutcome& outcome, bool withPjl,
-                                   const std::vector<std::u16string>& properties) {
+                                   const std::vector<std::u16string>& properties,
+                                   const std::vector<TicketChange>& edits) {
     std::vector<OutcomeLine> lines;
     if (!outcome.Error.empty()) lines.push_back({LineKind::Error, "", outcome.Error});
     if (withPjl) AddCommands(LineKind::Pjl, outcome.Pjl, lines);
     AddCommands(LineKind::Data, outcome.Data, lines);
     for (const std::u16string& name : properties) AddProperty(outcome, name, lines);
-    for (EditLine& edit : EditLinesOf(outcome.TicketBefore, outcome.TicketAfter))
-        lines.push_back({LineKind::Ticket, std::move(edit.Key), std::move(edit.Text)});
+    for (const TicketChange& edit : edits) lines.push_back({LineKind::Ticket, edit.Subject, LineOf(edit)});
     return lines;
 }
 
@@ -256,7 +260,8 @@ bool AreSame(const CallOutcome& left, const CallOutcome& right) {
 }
 
 std::vector<OutcomeLine> LinesOf(const CallOutcome& outcome) {
-    return ListLines(outcome, outcome.ChangesPjl, outcome.Changed);
+    return ListLines(outcome, outcome.ChangesPjl, outcome.Changed,
+                     EditsOf(outcome.TicketBefore, outcome.TicketAfter));
 }
 
 std::vector<OutcomeLine> LinesAgainst(const CallOutcome& outcome, const CallOutcome& other) {
@@ -269,7 +274,10 @@ std::vector<OutcomeLine> LinesAgainst(const CallOutcome& outcome, const CallOutc
             !SaySame(Find(outcome.Properties, name), Find(other.Properties, name)))
             properties.push_back(name);
     std::ranges::sort(properties);
-    return ListLines(outcome, outcome.ChangesPjl || other.ChangesPjl, properties);
+    const bool endsAlike = EditsOf(outcome.TicketAfter, other.TicketAfter).empty();
+    const CallOutcome& edited = endsAlike ? other : outcome;
+    return ListLines(outcome, outcome.ChangesPjl || other.ChangesPjl, properties,
+                     EditsOf(edited.TicketBefore, edited.TicketAfter));
 }
 
 Patterns PatternsOf(const std::vector<OutcomeLine>& first, const std::vector<OutcomeLine>& second) {

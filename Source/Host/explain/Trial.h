@@ -46,7 +46,8 @@ struct OutcomeLine {
 std::vector<OutcomeLine> LinesOf(const CallOutcome& outcome);
 
 // The same of an outcome that is to be compared with another of that call: what the other changed is there
-// as well, and a property that is now as it is after the other is only there where that one changed it.
+// as well, and a property that is now as it is after the other is only there where that one changed it. Where
+// the tickets end alike, whatever they began as, the edits are the other's.
 std::vector<OutcomeLine> LinesAgainst(const CallOutcome& outcome, const CallOutcome& other);
 
 // Another run's lines of the same call, set against these.

@@ -8,28 +8,29 @@ void ErrorLines::Take(const CallResult& result) {
     WriteErrorLine(name_ + ": " + call + ": " + result.Error->Type + ": " + result.Error->Message);
 }
 
-ProgressLine::~ProgressLine() { Erase(); }
+StatusLine::~StatusLine() { Erase(); }
 
-void ProgressLine::Begin(const Job& job, const PipelineProperties&) {
-    calls_ = job.Calls.size();
-    next_ = std::chrono::steady_clock::now() + std::chrono::seconds(1);
-}
-
-void ProgressLine::Take(const CallResult& result) {
-    if (result.Error) return Erase();  // a line about it follows
+void StatusLine::Show(const std::string& text) {
     const auto now = std::chrono::steady_clock::now();
     if (now < next_) return;
     next_ = now + std::chrono::milliseconds(100);
-    out_ << "\rcall " << result.Number << " of " << calls_ << ", " << 100 * result.Number / calls_
-         << "%\x1B[K" << std::flush;
+    out_ << "\r" << text << "\x1B[K" << std::flush;
     visible_ = true;
 }
 
-void ProgressLine::End(const PipelineProperties&) { Erase(); }
-
-void ProgressLine::Erase() {
+void StatusLine::Erase() {
     if (visible_) out_ << "\r\x1B[K" << std::flush;
     visible_ = false;
 }
+
+void ProgressLine::Begin(const Job& job, const PipelineProperties&) { calls_ = job.Calls.size(); }
+
+void ProgressLine::Take(const CallResult& result) {
+    if (result.Error) return line_.Erase();  // a line about it follows
+    line_.Show("call " + std::to_string(result.Number) + " of " + std::to_string(calls_) + ", " +
+               std::to_string(100 * result.Number / calls_) + "%");
+}
+
+void ProgressLine::End(const PipelineProperties&) { line_.Erase(); }
 
 }  // namespace TicketHost

@@ -32,25 +32,37 @@ private:
     std::string name_;
 };
 
-// Shows on a terminal how far a job has come that takes more than a second. The line is erased at the end.
+// A line on a terminal that says how far something has come that takes more than a second. It is erased at
+// the end.
+class StatusLine {
+public:
+    explicit StatusLine(std::ostream& out)
+        : out_(out), next_(std::chrono::steady_clock::now() + std::chrono::seconds(1)) {}
+    StatusLine(const StatusLine&) = delete;
+    StatusLine& operator=(const StatusLine&) = delete;
+    ~StatusLine();
+
+    void Show(const std::string& text);  // ten times a second at most
+    void Erase();
+
+private:
+    std::ostream& out_;
+    std::chrono::steady_clock::time_point next_;  // when to write again
+    bool visible_ = false;
+};
+
+// Shows how far a job has come.
 class ProgressLine final : public ResultSink {
 public:
-    explicit ProgressLine(std::ostream& out) : out_(out) {}
-    ProgressLine(const ProgressLine&) = delete;
-    ProgressLine& operator=(const ProgressLine&) = delete;
-    ~ProgressLine() override;
+    explicit ProgressLine(std::ostream& out) : line_(out) {}
 
     void Begin(const Job& job, const PipelineProperties& initial) override;
     void Take(const CallResult& result) override;
     void End(const PipelineProperties& final) override;
 
 private:
-    void Erase();
-
-    std::ostream& out_;
+    StatusLine line_;
     std::size_t calls_ = 0;
-    std::chrono::steady_clock::time_point next_;  // when to write again
-    bool visible_ = false;
 };
 
 }  // namespace TicketHost

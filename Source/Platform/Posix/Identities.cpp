@@ -10,6 +10,7 @@
 #include <optional>
 #include <vector>
 
+#include "AnswerBook.h"
 #include "Platform/CodePages.h"
 #include "Platform/ResultError.h"
 
@@ -57,6 +58,15 @@ std::optional<WideText> FindGivenName(TokenHandle token) {
     return AllGivenNames().Find(~static_cast<std::uintptr_t>(token));
 }
 
+WideText AskForName(TokenHandle token) {
+    std::vector<char> room(1024);
+    passwd entry{};
+    passwd* found = nullptr;
+    while (getpwuid_r(GetIdOfUser(token), &entry, room.data(), room.size(), &found) == ERANGE)
+        room.resize(2 * room.size());
+    return found == nullptr ? WideText(u"") : TextOfName(found->pw_name);
+}
+
 }  // namespace
 
 TokenHandle GetTokenOfUserName(const WideText& name) {
@@ -70,15 +80,9 @@ TokenHandle GetTokenOfUser(std::uint32_t userId) { return TokenHandle{userId}; }
 std::uint32_t GetIdOfUser(TokenHandle token) { return static_cast<std::uint32_t>(token); }
 
 WideText GetNameOfUser(TokenHandle token) {
+    static AnswerBook<TokenHandle, WideText> answers;
     if (std::optional<WideText> given = FindGivenName(token)) return *given;
-    return WithOneMemoryError([token] {
-        std::vector<char> room(1024);
-        passwd entry{};
-        passwd* found = nullptr;
-        while (getpwuid_r(GetIdOfUser(token), &entry, room.data(), room.size(), &found) == ERANGE)
-            room.resize(2 * room.size());
-        return found == nullptr ? WideText(u"") : TextOfName(found->pw_name);
-    });
+    return WithOneMemoryError([token] { return answers.Get(token, [token] { return AskForName(token); }); });
 }
 
 WideText GetNameOfComputer() {

@@ -2,9 +2,11 @@
 
 #include <memory>
 #include <new>
+#include <optional>
 #include <string>
 #include <system_error>
 
+#include "AnswerBook.h"
 #include "Cups.h"
 #include "Platform/CodePages.h"
 #include "Platform/ResultError.h"
@@ -92,11 +94,28 @@ Message Ask(const Cups& cups, ipp_t* request) {
 
 thread_local WideText nameOfThread;
 
+std::optional<WideText> AskForFirstDocument(const std::string& queue) {
+    const Cups* const cups = FindCups();
+    if (cups == nullptr) return std::nullopt;
+    const Message request = NewRequest(*cups, queue);
+    if (!request) return std::nullopt;
+    const Message answer = Ask(*cups, request.get());
+    if (!answer || cups->ippGetStatusCode(answer.get()) > IPP_STATUS_OK_CONFLICTING ||
+        cups->ippFindAttribute(answer.get(), "job-id", IPP_TAG_INTEGER) == nullptr)
+        return std::nullopt;
+    ipp_attribute_t* attribute = cups->ippFindAttribute(answer.get(), "job-name", IPP_TAG_NAME);
+    const char* text = attribute == nullptr ? nullptr : cups->ippGetString(attribute, 0, nullptr);
+    WideText name;
+    if (!ConvertToWide(CodePage::Utf8, text == nullptr ? "" : text, name)) return std::nullopt;
+    return name;
+}
+
 }  // namespace
 
 void SetDocumentNameOfThread(const WideText& name) { nameOfThread = name; }
 
 bool GetFirstDocumentName(const WideText& queue, WideText& name) {
+    static AnswerBook<std::string, std::optional<WideText>> answers;
     if (!nameOfThread.IsNull()) {
         name = nameOfThread;
         return true;
@@ -104,17 +123,9 @@ bool GetFirstDocumentName(const WideText& queue, WideText& name) {
     std::string queueName;
     if (!ConvertFromWide(CodePage::Utf8, queue.View(), queueName)) return false;
     if (queueName.empty()) return false;  // the address would mean all queues
-    const Cups* const cups = FindCups();
-    if (cups == nullptr) return false;
-    const Message request = NewRequest(*cups, queueName);
-    if (!request) return false;
-    const Message answer = Ask(*cups, request.get());
-    if (!answer || cups->ippGetStatusCode(answer.get()) > IPP_STATUS_OK_CONFLICTING ||
-        cups->ippFindAttribute(answer.get(), "job-id", IPP_TAG_INTEGER) == nullptr)
-        return false;
-    ipp_attribute_t* attribute = cups->ippFindAttribute(answer.get(), "job-name", IPP_TAG_NAME);
-    const char* text = attribute == nullptr ? nullptr : cups->ippGetString(attribute, 0, nullptr);
-    return ConvertToWide(CodePage::Utf8, text == nullptr ? "" : text, name);
+    const auto answer = answers.Get(queueName, [&] { return AskForFirstDocument(queueName); });
+    if (answer) name = *answer;
+    return answer.has_value();
 }
 
 }  // namespace Platform
