@@ -27,7 +27,7 @@ protected:
     Files MakeEarlierResults(const std::string& folder) {
         Write("three.json", R"({"pipeline":{"PJL":"earlier"},"calls":[{"level":0,"ticket":"<a>1</a>"},)"
                             R"({"level":0,"ticket":"<a>2</a>"},{"level":0,"ticket":"<a>3</a>"}]})");
-        EXPECT_EQ(Run("convert --out " + folder + " three.json").Errors, "");
+        EXPECT_EQ(Run("convert --format json --out " + folder + " three.json").Errors, "");
         const Files files = Contents(folder);
         EXPECT_EQ(files.size(), 6u);
         EXPECT_EQ(files.at("job.pjl"), "earlier");
@@ -53,7 +53,7 @@ TEST_F(HostFiles, NewResultsTakeThePlaceOfAllEarlierOnes) {
     for (const auto& [name, bytes] : others)
         bytes == "(folder)" ? void(fs::create_directory(folder_ / "out" / name))
                             : Write("out/" + name, bytes);
-    EXPECT_EQ(Run("convert --out out one.json").Errors, "");
+    EXPECT_EQ(Run("convert --format json --out out one.json").Errors, "");
     EXPECT_EQ(Contents("out"), expected);
 }
 
@@ -67,7 +67,7 @@ TEST_F(HostFiles, LinksAreReplacedAndNotFollowed) {
         fs::create_symlink("../victim", folder_ / "out" / name);
     fs::create_symlink("../victims", folder_ / "out/job.data");
     fs::create_symlink("../nothing", folder_ / "out/003-ticket.xml");
-    EXPECT_EQ(Run("convert --out out one.json").Errors, "");
+    EXPECT_EQ(Run("convert --format json --out out one.json").Errors, "");
     EXPECT_EQ(Contents("out"), onePage);
     EXPECT_EQ(Read("victim"), "as it was");
     EXPECT_EQ(Contents("victims"), (Files{{"inside", "as it was"}}));
@@ -83,7 +83,7 @@ TEST_F(HostFiles, FoldersInTheirPlacesAreRefusedAndStay) {
         fs::create_directory(folder_ / ("out-" + name) / name);
         Files expected = earlier;
         expected[name] = "(folder)";
-        const Outcome outcome = Run("convert --out out-" + name + " one.json");
+        const Outcome outcome = Run("convert --format json --out out-" + name + " one.json");
         EXPECT_EQ(outcome.Errors, "tickethost: out-" + name + "/" + name + ": Is a directory\n");
         EXPECT_TRUE(outcome.Status == 2 && outcome.Output.empty()) << outcome.Output;
         EXPECT_EQ(Contents("out-" + name), expected);
@@ -95,9 +95,10 @@ TEST_F(HostFiles, EarlierResultsStayWhenARunFails) {
     const Files earlier = MakeEarlierResults("out");
     Write("long.xml", "<a>" + std::string(20000, 'x') + "</a>");
     const char* const runs[][2] = {
-        {"$TOOL convert --out out long.xml >/dev/full", "standard output: No space left on device\n"},
-        {"$TOOL convert --out out absent.xml", "absent.xml: No such file or directory\n"},
-        {"trap '' XFSZ; ulimit -f 16; $TOOL convert --out out long.xml",
+        {"$TOOL convert --format json --out out long.xml >/dev/full",
+         "standard output: No space left on device\n"},
+        {"$TOOL convert --format json --out out absent.xml", "absent.xml: No such file or directory\n"},
+        {"trap '' XFSZ; ulimit -f 16; $TOOL convert --format json --out out long.xml",
          "out/001-ticket.xml: File too large\n"},
     };
     for (const auto& [line, said] : runs) {
@@ -122,7 +123,7 @@ TEST_F(HostFiles, EarlierResultsStayOnDisksThatTakeNoMore) {
     };
     for (const auto& [last, said] : disks) {
         Write("run", "mount -t tmpfs -o size=64k tmpfs disk && cp -R out disk/out && " + std::string(last) +
-                         " && \"$TOOL\" convert --out disk/out long.xml; status=$?\n"
+                         " && \"$TOOL\" convert --format json --out disk/out long.xml; status=$?\n"
                          "cp -R disk/out after && exit $status\n");
         fs::remove_all(folder_ / "after");
         const Outcome outcome = RunShell(own + "sh ./run");
@@ -139,7 +140,7 @@ TEST_F(HostFiles, EarlierResultsStayWhereTheUserMayNotWrite) {
     if (RunShell(user + "\"$TOOL\" convert one.json").Status != 0)
         GTEST_SKIP() << "another user of this machine can't run the tool: " << Read("errors");
     fs::permissions(folder_ / "out", fs::perms{0555});
-    const Outcome outcome = RunShell(user + "\"$TOOL\" convert --out out one.json");
+    const Outcome outcome = RunShell(user + "\"$TOOL\" convert --format json --out out one.json");
     fs::permissions(folder_ / "out", fs::perms{0755});
     EXPECT_EQ(outcome.Errors, "tickethost: out: Permission denied\n");
     EXPECT_TRUE(outcome.Status == 2 && outcome.Output.empty()) << outcome.Output;

@@ -285,7 +285,7 @@ TEST_F(PackageTool, WritesThePackageAnewWithItsTickets) {
                                  {"u/[0].piece", ticket.substr(0, 30)},
                                  {"picture", std::string("\0\x1A\xFF", 3)}});
     Write("job.xps", BuildZip(items, ZipForm::Descriptors));
-    const Outcome outcome = Run("convert --out out job.xps");
+    const Outcome outcome = Run("convert --format json --out out job.xps");
     EXPECT_EQ(outcome.Errors,
               "tickethost: out/converted.xps: stays as it was, since its calls did not all make the same of "
               "it: /t\n");
@@ -299,10 +299,10 @@ TEST_F(PackageTool, WritesThePackageAnewWithItsTickets) {
     EXPECT_EQ(EntriesOf("out/converted.xps"), expected);
     EXPECT_NE(Read("out/002-ticket.xml"), snapshot);
     EXPECT_NE(Read("out/001-ticket.xml"), Read("out/003-ticket.xml"));
-    EXPECT_EQ(Run("convert --out out out/converted.xps").Status, 0);
-    EXPECT_EQ(Run("convert --out out j.xml").Status, 2);
+    EXPECT_EQ(Run("convert --format json --out out out/converted.xps").Status, 0);
+    EXPECT_EQ(Run("convert --format json --out out j.xml").Status, 2);
     Write("j.xml", "<a/>");
-    EXPECT_EQ(Run("convert --out out j.xml").Status, 0);
+    EXPECT_EQ(Run("convert --format json --out out j.xml").Status, 0);
     EXPECT_FALSE(std::filesystem::exists(folder_ / "out/converted.xps"));
 }
 
