@@ -4,7 +4,6 @@
 #include <stdio.h>
 
 #include <set>
-#include <thread>
 
 #include "Platform/CodePages.h"
 #include "Platform/Identities.h"
@@ -272,21 +271,6 @@ TEST(Conversion, PassesTheJsonLibrarysErrorsOn) {
         EXPECT_EQ(host.Data(), "(absent)");
         EXPECT_EQ(host.Snapshot.CustomProperties, nullptr);
     }
-}
-
-TEST(Conversion, RunsOnSeveralThreadsAtOnce) {
-    const auto convert = [] {
-        TestHost host;
-        host.Run(JobLevel, MakeTicket(Settings(R"({"features":{"Hold":"Off","OutPSize":"ISOA5"}})")));
-        for (int page = 0; page < 20; ++page)
-            host.Run(PageLevel, MakeTicket(Feature("psk:PageMediaType", "psk:Plain")));
-        return SteadyPjl(host.Property(u"PJL")) + host.Data();
-    };
-    std::string results[4];
-    std::vector<std::thread> threads;
-    for (std::string& result : results) threads.emplace_back([&] { result = convert(); });
-    for (std::thread& thread : threads) thread.join();
-    for (const std::string& result : results) EXPECT_EQ(result, convert());
 }
 
 TEST(Module, ExportsItsFunctionsAndNothingElse) {
