@@ -307,24 +307,37 @@ TEST(Faults, OfTextsAreResultErrors) {
     PTConverter converter;
     TestHost host{{{u"EncryptionID", Wide("[1,2]")}}};
     converter.Pipeline = host.Bag;
+    const TicketDocument ticket = MakeTicket(Feature("psk:F", "psk:O"));
+    Platform::TicketNode option;
+    ASSERT_TRUE(ticket->selectSingleNode(u"//psf:Option", option) && option);
+    const WideText before = ticket->xml();
     using Platform::CodePage;
-    const std::pair<const char*, std::function<void()>> cases[] = {
+    const struct {
+        const char* Name;
+        std::function<void()> Make;
+        Allocator From = Allocator::New;
+    } cases[] = {
         {"to wide", [&] { ConvertToWide(CodePage::Utf8, letters, text); }},
         {"others to wide", [&] { ConvertToWide(CodePage::Utf8, others, text); }},
         {"from wide", [&] { ConvertFromWide(CodePage::Utf8, wide.View(), bytes); }},
         {"others from wide", [&] { ConvertFromWide(CodePage::Utf8, otherWide.View(), bytes); }},
         {"secret", [&] { text = ProtectJobSecret(converter, otherWide); }},
+        {"a ticket's text", [&] { text = ticket->xml(); }},
+        {"a ticket's text in the library", [&] { text = ticket->xml(); }, Allocator::Malloc},
+        {"an item's text", [&] { text = option->parentNode()->text(); }, Allocator::Malloc},
+        {"an item's new text", [&] { option->setText(otherWide); }, Allocator::Malloc},
     };
-    for (const auto& [name, make] : cases) {
+    for (const auto& [name, make, allocator] : cases) {
         bool reached = true;
         for (long allocation = 0; reached; ++allocation) {
             text = WideText(u"old");
             bytes = "old";
-            AllocationFault fault(Allocator::New, allocation);
+            AllocationFault fault(allocator, allocation);
             const Ended ended = RunWithFault(fault, make);
             reached = fault.End();
             EXPECT_EQ(ended.Kind, reached ? OutOfMemory : Same) << name << allocation;
-            EXPECT_TRUE(!reached || (text == u"old" && bytes == "old")) << name << allocation;
+            EXPECT_TRUE(!reached || (text == u"old" && bytes == "old" && ticket->xml() == before))
+                << name << allocation;
             EXPECT_TRUE(reached || allocation > 0) << name;  // else nothing was tried
         }
     }
