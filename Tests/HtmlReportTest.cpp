@@ -157,7 +157,7 @@ TEST(HtmlReport, PagesGoOntoSheets) {
         if (apart) row.KeepPagesApart();
         std::size_t number = 0;
         for (const char kind : pages) {
-            Page page{++number, number, {}};
+            SheetPage page{++number, number, {}};
             page.Facts.Edge = kind == 'o' ? TurningEdge::None : TurningEdge::Left;
             page.Facts.Failed = kind == 'x';
             page.Facts.Bin.Name = kind == 'b' ? "other" : "";
@@ -214,6 +214,47 @@ TEST(HtmlReport, HostileTextsStayTexts) {
     EXPECT_EQ(out.str().find('\x1B'), std::string::npos);
 }
 
+// The texts of an explanation, in a page of its own since calls look different there.
+TEST(HtmlReport, ExplanationsStandByTheirLines) {
+    const auto hostile = [](int place) { return "<b>" + std::to_string(place) + "</b>&\"'"; };
+    Explanation why;
+    why.Items.resize(4);
+    for (int at = 0; at < 4; ++at) {
+        why.Items[static_cast<std::size_t>(at)].Label = hostile(1 + at);
+        why.Items[static_cast<std::size_t>(at)].File = hostile(5 + at);
+        why.Items[static_cast<std::size_t>(at)].Tried = true;
+    }
+    why.Items[0].Effects = {{0, 0, LineKind::Pjl, hostile(9)}, {0, NoIndex, LineKind::Data, hostile(10)}};
+    why.Items[3].HiddenBy = {0};
+    why.Calls = {{1, 2, "ticket.xml", 0, {}}};
+    why.Calls[0].Lines = {{LineKind::Pjl, hostile(11), {{{0}, hostile(12)}}, {}},
+                          {LineKind::Data, hostile(13), {{{1, 2}, {}}}, {}},
+                          {LineKind::Property, hostile(14), {}, {}},
+                          {LineKind::Ticket, hostile(15), {}, {1}}};
+    const Job job{"job", {}, {{2, std::make_shared<Ticket>(Ticket{"ticket.xml", ""})}}};
+    std::ostringstream out;
+    HtmlReport report(out, &why);
+    report.Begin(job, {});
+    report.Take({1, job.Calls[0], 1, {}, WideText(u"<a/>"), WideText(u"<a/>"), {}});
+    report.End({});
+    const XmlElement page = ReadPage(out.str());
+    CheckPage(page);
+    std::map<std::string, std::string> causes;  // links of a line's causes, by the line
+    Walk(page, [&causes](const XmlElement& element) {
+        if (element.Name.Local != "li" || element.Children.empty()) return;
+        const XmlElement& line = element.Children.front();
+        if (line.Name.Local != "code") return;
+        std::string& links = causes[line.Text];
+        Walk(element, [&links](const XmlElement& each) { links += AttributeOf(each, "href"); });
+    });
+    const std::map<std::string, std::string> expected = {
+        {hostile(11), "#item-1"}, {hostile(13), "#item-2#item-3"}, {hostile(14), ""}, {hostile(15), ""}};
+    EXPECT_EQ(causes, expected);
+    const std::string text = TextOf(page);
+    for (int place = 1; place <= 15; ++place)
+        EXPECT_NE(text.find("b>" + std::to_string(place) + "<"), text.npos) << place << text;
+}
+
 TEST_F(HostTool, ReportsOfTheSamplesAreWellFormedPages) {
     int samples = 0;
     for (const auto& file : std::filesystem::directory_iterator(SAMPLES_DIR)) {
@@ -224,6 +265,11 @@ TEST_F(HostTool, ReportsOfTheSamplesAreWellFormedPages) {
         ++samples;
     }
     EXPECT_GE(samples, 4);
+    const Outcome explained = Run("explain --format html '" SAMPLES_DIR "/booklet.json'");
+    EXPECT_EQ(explained.Status, 0) << explained.Errors;
+    const XmlElement page = ReadPage(explained.Output);
+    CheckPage(page);
+    EXPECT_NE(TextOf(page).find("Caused by "), std::string::npos);
 }
 
 // Pages that are alike take one drawing and one account; of those that aren't only so many are told.

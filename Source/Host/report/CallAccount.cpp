@@ -16,18 +16,18 @@ using Platform::WideText;
 constexpr std::u16string_view pjlName = u"PJL";
 constexpr std::u16string_view dataName = u"DATA";
 
-void AddError(CallOutcome& outcome, const CallResult& result) {
+void AddError(CallReport& outcome, const CallResult& result) {
     if (!result.Error) return;
     outcome.Error = result.Error->Type + ": " + Visible(result.Error->Message);
     outcome.ErrorCause = ExplainError(*result.Error);
 }
 
-void AddPjl(CallOutcome& outcome, const PipelineProperties& now, const PipelineProperties& before) {
+void AddPjl(CallReport& outcome, const PipelineProperties& now, const PipelineProperties& before) {
     const WideText pjl = FindText(now, pjlName);
     if (!AreSame(pjl, FindText(before, pjlName))) outcome.Pjl = SplitCommandLines(pjl.View());
 }
 
-void AddData(CallOutcome& outcome, const PipelineProperties& now, const PipelineProperties& before) {
+void AddData(CallReport& outcome, const PipelineProperties& now, const PipelineProperties& before) {
     const WideText data = FindText(now, dataName), earlier = FindText(before, dataName);
     outcome.IsDataReplaced = !BeginsWith(data, earlier);
     const std::u16string_view news = data.View().substr(outcome.IsDataReplaced ? 0 : earlier.Length());
@@ -40,7 +40,7 @@ bool IsToldAsLines(const std::u16string& name, const PipelineProperties& now) {
     return (name == pjlName || name == dataName) && !FindText(now, name).IsEmpty();
 }
 
-void AddProperties(CallOutcome& outcome, const PipelineProperties& now, const PipelineProperties& before) {
+void AddProperties(CallReport& outcome, const PipelineProperties& now, const PipelineProperties& before) {
     for (const auto& [name, value] : now) {
         const auto earlier = before.find(name);
         const bool isNew = earlier == before.end();
@@ -57,7 +57,7 @@ std::string SettingText(const Json::Value& value) {
     return value.isString() ? value.asString() : WriteSettings(value);
 }
 
-void AddSeries(CallOutcome& outcome, const TicketSettings& series) {
+void AddSeries(CallReport& outcome, const TicketSettings& series) {
     const std::string scope(series.Series->Scope);
     if (!series.IsWellFormed)
         outcome.SettingFaults.push_back("The " + scope + " settings are no JSON from byte " +
@@ -71,48 +71,43 @@ void AddSeries(CallOutcome& outcome, const TicketSettings& series) {
     }
 }
 
-std::vector<TicketItem> ItemsOfRoot(const std::optional<Platform::XmlElement>& root) {
-    return root ? ItemsOf(*root) : std::vector<TicketItem>();
-}
-
 }  // namespace
 
+// The module gives well-formed documents, so nothing is left out here.
 CallTickets ReadCallTickets(const CallResult& result) {
     Platform::ParseError ignored;
     CallTickets tickets;
-    tickets.Before = Platform::ReadXml(result.TicketBefore, ignored);
-    tickets.ItemsBefore = ItemsOfRoot(tickets.Before);
-    tickets.ItemsAfter = AreSame(result.TicketBefore, result.TicketAfter)
-                             ? tickets.ItemsBefore
-                             : ItemsOfRoot(Platform::ReadXml(result.TicketAfter, ignored));
+    tickets.Before = Platform::ReadXml(result.TicketBefore, ignored).value_or(Platform::XmlElement());
+    tickets.After = Platform::ReadXml(result.TicketAfter, ignored).value_or(Platform::XmlElement());
+    tickets.ItemsAfter = ItemsOf(tickets.After);
     return tickets;
 }
 
-CallOutcome OutcomeOf(const CallResult& result, const CallTickets& tickets,
-                      const PipelineProperties& before) {
-    CallOutcome outcome;
+CallReport ReportOf(const CallResult& result, const CallTickets& tickets, const PipelineProperties& before) {
+    CallReport outcome;
     outcome.Level = result.Made.Level;
     AddError(outcome, result);
     AddPjl(outcome, result.Properties, before);
     AddData(outcome, result.Properties, before);
     AddProperties(outcome, result.Properties, before);
-    if (outcome.Level == DeviceSpecificModule::JobLevel && tickets.Before)
-        for (const TicketSettings& series : ReadSettings(*tickets.Before)) AddSeries(outcome, series);
-    outcome.Ticket = CompareItems(tickets.ItemsBefore, tickets.ItemsAfter);
+    if (outcome.Level == DeviceSpecificModule::JobLevel)
+        for (const TicketSettings& series : ReadSettings(tickets.Before)) AddSeries(outcome, series);
+    outcome.TicketChanges = CompareTickets(tickets.Before, tickets.After);
+    outcome.Ticket = TicketRowsOf(tickets.ItemsAfter);
     return outcome;
 }
 
 // The series are merged group by group, a later one over an earlier one.
-std::string FindSetting(const std::vector<SettingRow>& settings, std::string_view name) {
+std::string FindSetting(const std::vector<ReportedSetting>& settings, std::string_view name) {
     for (const char* group : SettingsGroups) {
-        const auto isIt = [&](const SettingRow& row) { return row.Group == group && row.Name == name; };
+        const auto isIt = [&](const ReportedSetting& row) { return row.Group == group && row.Name == name; };
         const auto found = std::find_if(settings.rbegin(), settings.rend(), isIt);
         if (found != settings.rend()) return found->Value;
     }
     return "";
 }
 
-void CallAccounts::Add(const CallResult& result, CallOutcome outcome) {
+void CallAccounts::Add(const CallResult& result, CallReport outcome) {
     const std::string& source = result.Made.Source->Name;
     if (left_ == 0 && !all_.empty() && all_.back().What == outcome) {
         all_.back().Last = result.Number;

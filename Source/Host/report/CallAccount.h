@@ -7,24 +7,25 @@
 
 #include "Host/jobs/JobRunner.h"
 #include "Host/report/HtmlWriter.h"
-#include "Host/report/TicketTable.h"
+#include "Host/report/TicketRows.h"
+#include "Host/tickets/TicketChanges.h"
 
 namespace TicketHost {
 
 // What a page tells of a call. Texts are made visible already, except for names of files.
 
-struct PropertyChange {
+struct ReportedProperty {
     std::string Name;
     std::optional<std::string> Before, After;  // absent: no such property then
 
-    bool operator==(const PropertyChange&) const = default;
+    bool operator==(const ReportedProperty&) const = default;
 };
 
 // A user's setting in a job ticket.
-struct SettingRow {
+struct ReportedSetting {
     std::string Series, Group, Name, Value;
 
-    bool operator==(const SettingRow&) const = default;
+    bool operator==(const ReportedSetting&) const = default;
 };
 
 // A line of "DATA". Page markers count as equal, since each has a number of its own.
@@ -38,35 +39,36 @@ struct DataLine {
 };
 
 // What came of a call, or alike of several in a row.
-struct CallOutcome {
+struct CallReport {
     std::int32_t Level = 0;
-    std::string Error, ErrorCause;           // empty where the call returned
-    std::vector<std::string> Pjl;            // where it changed
-    std::vector<DataLine> Data;              // that came to it,
-    bool IsDataReplaced = false;             // or that are all there is now
-    std::vector<PropertyChange> Properties;  // but for the two above
-    std::vector<SettingRow> Settings;        // of a job ticket
-    std::vector<std::string> SettingFaults;  // where a series is no JSON
-    std::vector<TicketRow> Ticket;
+    std::string Error, ErrorCause;             // empty where the call returned
+    std::vector<std::string> Pjl;              // where it changed
+    std::vector<DataLine> Data;                // that came to it,
+    bool IsDataReplaced = false;               // or that are all there is now
+    std::vector<ReportedProperty> Properties;  // but for the two above
+    std::vector<ReportedSetting> Settings;     // of a job ticket
+    std::vector<std::string> SettingFaults;    // where a series is no JSON
+    std::vector<TicketChange> TicketChanges;
+    std::vector<TicketRow> Ticket;  // after the call
 
-    bool operator==(const CallOutcome&) const = default;
+    bool operator==(const CallReport&) const = default;
 };
 
-// Items as ReadItems gives them.
+// A call's ticket, read.
 struct CallTickets {
-    std::optional<Platform::XmlElement> Before;
-    std::vector<TicketItem> ItemsBefore, ItemsAfter;
+    Platform::XmlElement Before, After;
+    std::vector<TicketItem> ItemsAfter;
 };
 CallTickets ReadCallTickets(const CallResult& result);
 
 // `before` are the properties as the call before left them.
-CallOutcome OutcomeOf(const CallResult& result, const CallTickets& tickets, const PipelineProperties& before);
+CallReport ReportOf(const CallResult& result, const CallTickets& tickets, const PipelineProperties& before);
 
 // Calls in a row of which a page would tell the same, but for their numbers and tickets' names.
 struct CallAccount {
     std::size_t First = 0, Last = 0;  // count from 1
     std::string FirstSource, LastSource;
-    CallOutcome What;
+    CallReport What;
 };
 
 // The calls of a job, as a page tells of them.
@@ -75,7 +77,7 @@ public:
     // More that differ from each other nobody reads.
     static constexpr std::size_t Most = 1000;
 
-    void Add(const CallResult& result, CallOutcome outcome);
+    void Add(const CallResult& result, CallReport outcome);
 
     const std::vector<CallAccount>& All() const { return all_; }
     std::size_t CallsLeftOut() const { return left_; }
@@ -88,6 +90,6 @@ private:
 };
 
 // The value of a setting where one is looked for in the series; empty where none has it.
-std::string FindSetting(const std::vector<SettingRow>& settings, std::string_view name);
+std::string FindSetting(const std::vector<ReportedSetting>& settings, std::string_view name);
 
 }  // namespace TicketHost

@@ -1,9 +1,11 @@
 #include "Host/report/CallSection.h"
 
 #include <algorithm>
+#include <span>
 
 #include "Host/ground/Texts.h"
 #include "Host/output/CallWords.h"
+#include "Host/report/ExplanationSection.h"
 #include "Host/report/ReportWords.h"
 
 namespace TicketHost {
@@ -47,7 +49,7 @@ void PutRowsLeftOut(HtmlWriter& html, std::size_t rows) {
         html.Put("p", {{"class", "doubt"}}, CountOf(rows - mostRows, "more row") + " not shown");
 }
 
-void WriteError(HtmlWriter& html, const CallOutcome& call) {
+void WriteError(HtmlWriter& html, const CallReport& call) {
     if (call.Error.empty()) return;
     html.Put("p", {{"class", "bad"}}, "Failed: " + call.Error);
     if (!call.ErrorCause.empty()) html.Put("p", call.ErrorCause);
@@ -71,21 +73,21 @@ void WriteData(HtmlWriter& html, const CallAccount& call) {
     for (const DataLine& line : call.What.Data) WriteDataLine(html, line);
 }
 
-void WriteProperties(HtmlWriter& html, const std::vector<PropertyChange>& properties) {
+void WriteProperties(HtmlWriter& html, const std::vector<ReportedProperty>& properties) {
     if (properties.empty()) return;
     html.Put("h4", "Other properties");
     const auto scroll = html.In("div", {{"class", "scroll"}});
     const auto table = html.In("table");
     PutHeadings(html, {"Property", "Before", "After"});
     const auto body = html.In("tbody");
-    for (const PropertyChange& property : properties) {
+    for (const ReportedProperty& property : properties) {
         const auto row = html.In("tr");
         PutRowName(html, property.Name);
         PutBeforeAndAfter(html, property.Before, property.After);
     }
 }
 
-void WriteSettings(HtmlWriter& html, const CallOutcome& call) {
+void WriteSettings(HtmlWriter& html, const CallReport& call) {
     if (call.Settings.empty() && call.SettingFaults.empty()) return;
     html.Put("h4", "User settings in the ticket");
     for (const std::string& fault : call.SettingFaults) html.Put("p", {{"class", "doubt"}}, fault);
@@ -94,7 +96,7 @@ void WriteSettings(HtmlWriter& html, const CallOutcome& call) {
     const auto table = html.In("table");
     PutHeadings(html, {"Setting", "Value", "Stands in"});
     const auto body = html.In("tbody");
-    for (const SettingRow& setting : call.Settings) {
+    for (const ReportedSetting& setting : call.Settings) {
         const auto row = html.In("tr");
         PutRowName(html, setting.Name);
         PutValue(html, "span", setting.Value);
@@ -102,42 +104,45 @@ void WriteSettings(HtmlWriter& html, const CallOutcome& call) {
     }
 }
 
-bool IsChanged(const TicketRow& row) { return row.Before != row.After; }
+std::optional<std::string> TextUnless(ChangeKind absent, const TicketChange& change,
+                                      const std::string& text) {
+    return change.Kind == absent ? std::nullopt : std::optional(text);
+}
 
-void WriteTicketTable(HtmlWriter& html, const std::vector<TicketRow>& rows, bool changed) {
+void WriteTicketChanges(HtmlWriter& html, const std::vector<TicketChange>& changes) {
+    html.Put("h4", changes.empty() ? "Ticket: nothing in it changed" : "Ticket: what changed");
+    if (changes.empty()) return;
     const auto scroll = html.In("div", {{"class", "scroll"}});
     const auto table = html.In("table");
-    if (changed)
-        PutHeadings(html, {"Item", "Before the call", "After it"});
-    else
-        PutHeadings(html, {"Item", "Value"});
+    PutHeadings(html, {"Item", "Before the call", "After it"});
     const auto body = html.In("tbody");
-    std::size_t count = 0;
-    for (const TicketRow& item : rows) {
-        if (IsChanged(item) != changed || ++count > mostRows) continue;
+    for (const TicketChange& change : std::span(changes).first(std::min(changes.size(), mostRows))) {
         const auto row = html.In("tr");
-        PutRowName(html, item.Name, item.Level);
-        if (changed)
-            PutBeforeAndAfter(html, item.Before, item.After);
-        else
-            PutValue(html, "span", item.After);
+        PutRowName(html, change.Subject);
+        PutBeforeAndAfter(html, TextUnless(ChangeKind::Added, change, change.Before),
+                          TextUnless(ChangeKind::Removed, change, change.After));
     }
 }
 
-void WriteTicket(HtmlWriter& html, const CallOutcome& call) {
-    const auto changes = static_cast<std::size_t>(std::ranges::count_if(call.Ticket, IsChanged));
-    const std::size_t others = call.Ticket.size() - changes;
-    html.Put("h4", changes == 0 ? "Ticket: nothing in it changed" : "Ticket: what changed");
-    if (changes > 0) WriteTicketTable(html, call.Ticket, true);
-    PutRowsLeftOut(html, changes);
-    if (others == 0) return;
+void WriteTicketRows(HtmlWriter& html, const CallReport& call) {
+    if (call.Ticket.empty()) return;
     const auto details = html.In("details");
     {
         const auto summary = html.In("summary");
-        html.Put("h4", CountOf(others, "item") + " that stayed");
+        html.Put("h4", "All that the ticket says now: " + CountOf(call.Ticket.size(), "item"));
     }
-    WriteTicketTable(html, call.Ticket, false);
-    PutRowsLeftOut(html, others);
+    {
+        const auto scroll = html.In("div", {{"class", "scroll"}});
+        const auto table = html.In("table");
+        PutHeadings(html, {"Item", "Value after the call"});
+        const auto body = html.In("tbody");
+        for (const TicketRow& item : std::span(call.Ticket).first(std::min(call.Ticket.size(), mostRows))) {
+            const auto row = html.In("tr");
+            PutRowName(html, item.Name, item.Level);
+            PutValue(html, "span", item.Value);
+        }
+    }
+    PutRowsLeftOut(html, call.Ticket.size());
 }
 
 std::string SourcesOf(const CallAccount& call) {
@@ -152,28 +157,43 @@ void WriteSummary(HtmlWriter& html, const CallAccount& call) {
     if (!call.What.Error.empty()) html.Put("span", {{"class", "bad"}}, " failed");
 }
 
+void WriteWhatChanged(HtmlWriter& html, const CallAccount& call) {
+    WriteData(html, call);
+    WriteProperties(html, call.What.Properties);
+    WriteTicketChanges(html, call.What.TicketChanges);
+    PutRowsLeftOut(html, call.What.TicketChanges.size());
+}
+
+void WriteExplained(HtmlWriter& html, const CallAccount& call, const Explanation& explanation) {
+    if (call.First != call.Last) html.Put("p", {{"class", "quiet"}}, "Of the first call:");
+    WriteExplainedLines(html, explanation, call.First,
+                        {LineKind::Error, LineKind::Data, LineKind::Property, LineKind::Ticket});
+}
+
 // A browser that goes to the body opens what it stands in.
-void WriteBody(HtmlWriter& html, const CallAccount& call) {
+void WriteBody(HtmlWriter& html, const CallAccount& call, const Explanation* explanation) {
     const auto body = html.In("div", {{"id", HtmlPlace{"call", call.First}.Id()}});
     WriteError(html, call.What);
     if (!call.What.Pjl.empty())
         html.Put("p", {{"class", "quiet"}},
                  "Wrote the header above, " + CountOf(call.What.Pjl.size(), "line"));
-    WriteData(html, call);
-    WriteProperties(html, call.What.Properties);
+    if (explanation != nullptr)
+        WriteExplained(html, call, *explanation);
+    else
+        WriteWhatChanged(html, call);
     WriteSettings(html, call.What);
-    WriteTicket(html, call.What);
+    WriteTicketRows(html, call.What);
 }
 
-void WriteCall(HtmlWriter& html, const CallAccount& call) {
+void WriteCall(HtmlWriter& html, const CallAccount& call, const Explanation* explanation) {
     if (call.What.Error.empty()) {
         const auto details = html.In("details");
         WriteSummary(html, call);
-        return WriteBody(html, call);
+        return WriteBody(html, call, explanation);
     }
     const auto details = html.In("details", {{"open", "open"}});
     WriteSummary(html, call);
-    WriteBody(html, call);
+    WriteBody(html, call, explanation);
 }
 
 }  // namespace
@@ -195,12 +215,12 @@ void WriteHeaderSection(HtmlWriter& html, const CallAccounts& calls) {
     if (isEmpty) html.Put("p", {{"class", "quiet"}}, "No call wrote one.");
 }
 
-void WriteCallSection(HtmlWriter& html, const CallAccounts& calls) {
+void WriteCallSection(HtmlWriter& html, const CallAccounts& calls, const Explanation* explanation) {
     const auto section = html.In("section", {{"aria-labelledby", "calls"}});
     html.Put("h2", {{"id", "calls"}, {"tabindex", "-1"}}, "Calls");
     {
         const auto list = html.In("div", {{"class", "calls"}});
-        for (const CallAccount& call : calls.All()) WriteCall(html, call);
+        for (const CallAccount& call : calls.All()) WriteCall(html, call, explanation);
     }
     if (calls.CallsLeftOut() > 0)
         html.Put("p", {{"class", "doubt wide"}},

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Host/explain/Explanation.h"
 #include "Host/report/CallAccount.h"
 #include "Host/report/HtmlWriter.h"
 
@@ -9,7 +10,7 @@ namespace TicketHost {
 void WriteHeaderSection(HtmlWriter& html, const CallAccounts& calls);
 
 // Writes the section of the calls: for each what came to it, what it changed and what its ticket says. Those
-// that failed are open.
-void WriteCallSection(HtmlWriter& html, const CallAccounts& calls);
+// that failed are open. With an explanation, which may be null, what came of them stands there as its lines.
+void WriteCallSection(HtmlWriter& html, const CallAccounts& calls, const Explanation* explanation);
 
 }  // namespace TicketHost

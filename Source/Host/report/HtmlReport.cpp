@@ -2,11 +2,14 @@
 
 #include <utility>
 
+#include "Host/check/JobChecks.h"
 #include "Host/ground/Texts.h"
 #include "Host/report/CallSection.h"
+#include "Host/report/ExplanationSection.h"
 #include "Host/report/ReportStyle.h"
 #include "Host/report/ReportWords.h"
 #include "Host/report/SheetSection.h"
+#include "Host/report/WarningSection.h"
 #include "conversion/DeviceSpecificModule.h"
 
 namespace TicketHost {
@@ -42,14 +45,21 @@ std::string FileNameOf(const std::string& path) {
     return slash == path.npos ? path : path.substr(slash + 1);
 }
 
-void WriteNavigation(HtmlWriter& html) {
+void WriteNavigation(HtmlWriter& html, bool explains) {
     const auto navigation = html.In("nav", {{"aria-label", "This page"}});
     const auto list = html.In("ul");
     constexpr struct {
         HtmlName Name;
         std::string_view Title;
-    } places[] = {{"sheets", "Sheets"}, {"header", "Header"}, {"calls", "Calls"}, {"host", "From the host"}};
-    for (const auto& [name, title] : places) {
+        bool Explains = false;
+    } places[] = {{"sheets", "Sheets"},
+                  {"header", "Header"},
+                  {"calls", "Calls"},
+                  {"items", "Items", true},
+                  {"without", "Without effect", true},
+                  {"host", "From the host"}};
+    for (const auto& [name, title, onlyExplaining] : places) {
+        if (onlyExplaining && !explains) continue;
         const auto item = html.In("li");
         html.PutLink({name}, title);
     }
@@ -70,6 +80,7 @@ void WriteBag(HtmlWriter& html, std::string_view bag, const auto& properties) {
 void HtmlReport::Begin(const Job& job, const PipelineProperties& initial) {
     name_ = job.Name;
     settings_ = job.Settings;
+    findings_ = CheckJob(job);
     calls_ = job.Calls.size();
     previous_ = initial;
 }
@@ -77,7 +88,7 @@ void HtmlReport::Begin(const Job& job, const PipelineProperties& initial) {
 void HtmlReport::Take(const CallResult& result) {
     ++made_;
     const CallTickets tickets = ReadCallTickets(result);
-    CallOutcome outcome = OutcomeOf(result, tickets, previous_);
+    CallReport outcome = ReportOf(result, tickets, previous_);
     if (result.Error && ++failed_ <= mostFailures)
         failures_.push_back({result.Number, result.Made.Source->Name, outcome.Error});
     if (result.Made.Level == DeviceSpecificModule::DocumentLevel)
@@ -89,9 +100,9 @@ void HtmlReport::Take(const CallResult& result) {
 }
 
 // The job's own page is of interest where there is no other.
-void HtmlReport::TakePage(const CallResult& result, const CallTickets& tickets, const CallOutcome& outcome) {
+void HtmlReport::TakePage(const CallResult& result, const CallTickets& tickets, const CallReport& outcome) {
     const bool isJob = result.Made.Level == DeviceSpecificModule::JobLevel;
-    Page page{isJob ? 0 : ++pages_, result.Number, {}};
+    SheetPage page{isJob ? 0 : ++pages_, result.Number, {}};
     page.Facts = ReadPageFacts(TextsOf(outcome.Data), tickets.ItemsAfter, result.Properties);
     page.Facts.Failed = result.Error.has_value();
     if (!isJob && page.Facts.IsDoubtful()) ++doubtful_;
@@ -109,7 +120,7 @@ void HtmlReport::End(const PipelineProperties&) {
     HtmlWriter html(out_);
     html.WriteDocumentType();
     const auto root = html.In("html", {{"xmlns", "http://www.w3.org/1999/xhtml"}, {"lang", "en"}});
-    WriteHead(html, FileNameOf(name_) + " \u2013 conversion");
+    WriteHead(html, FileNameOf(name_) + (explanation_ != nullptr ? ", explained" : ", converted"));
     const auto body = html.In("body");
     {
         const auto link = html.InLink({"sheets"}, {{"class", "skip"}});
@@ -118,8 +129,13 @@ void HtmlReport::End(const PipelineProperties&) {
     WriteTop(html);
     const auto main = html.In("main");
     WriteSheetSection(html, sheets_, accounts_, isBooklet_);
-    WriteHeaderSection(html, accounts_);
-    WriteCallSection(html, accounts_);
+    if (explanation_ != nullptr)
+        WriteExplainedHeader(html, *explanation_);
+    else
+        WriteHeaderSection(html, accounts_);
+    WriteWarningSection(html, findings_);
+    WriteCallSection(html, accounts_, explanation_);
+    if (explanation_ != nullptr) WriteItemSections(html, *explanation_);
     WriteSettings(html);
 }
 
@@ -131,7 +147,7 @@ void HtmlReport::WriteTop(HtmlWriter& html) const {
              CountOf(calls_, "call") + ": " + CountOf(made_ - documents_ - pages_, "job") + ", " +
                  CountOf(documents_, "document") + ", " + CountOf(pages_, "page"));
     WriteVerdict(html);
-    WriteNavigation(html);
+    WriteNavigation(html, explanation_ != nullptr);
 }
 
 void HtmlReport::WriteVerdict(HtmlWriter& html) const {
@@ -142,6 +158,13 @@ void HtmlReport::WriteVerdict(HtmlWriter& html) const {
         html.Put("p", calls_ == 0 ? "The job has no calls." : "Every call returned.");
     if (made_ < calls_)
         html.Put("p", "Calls not made: " + std::to_string(calls_ - made_) + "; --keep-going makes them.");
+    if (explanation_ != nullptr && explanation_->IsNarrowed)
+        html.Put("p", "Only what was asked for is explained.");
+    if (!findings_.empty()) {
+        const auto line = html.In("p");
+        html.PutLink({"warnings"}, CountsOf(findings_));
+        html.Text(" in what the job asks for.");
+    }
     if (doubtful_ > 0)
         html.Put("p", {{"class", "doubt"}},
                  CountOf(doubtful_, "page") + " without a data line for size, medium or bin.");

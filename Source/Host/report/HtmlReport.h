@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "Host/check/Findings.h"
+#include "Host/explain/Explanation.h"
 #include "Host/jobs/JobRunner.h"
 #include "Host/report/CallAccount.h"
 #include "Host/report/HtmlWriter.h"
@@ -21,7 +23,10 @@ namespace TicketHost {
 // SheetRow); the page says how many it leaves out.
 class HtmlReport final : public ResultSink {
 public:
-    explicit HtmlReport(std::ostream& out) : out_(out) {}
+    // `explanation` is one of the same job, or null. With it the page says what caused each line and what
+    // each item did; it must live as long as the report.
+    explicit HtmlReport(std::ostream& out, const Explanation* explanation = nullptr)
+        : out_(out), explanation_(explanation) {}
 
     void Begin(const Job& job, const PipelineProperties& initial) override;
     void Take(const CallResult& result) override;
@@ -33,22 +38,24 @@ private:
         std::string Source, Message;
     };
 
-    void TakePage(const CallResult& result, const CallTickets& tickets, const CallOutcome& outcome);
+    void TakePage(const CallResult& result, const CallTickets& tickets, const CallReport& outcome);
     void WriteTop(HtmlWriter& html) const;
     void WriteVerdict(HtmlWriter& html) const;
     void WriteFailures(HtmlWriter& html) const;
     void WriteSettings(HtmlWriter& html) const;
 
     std::ostream& out_;
+    const Explanation* explanation_;
     std::string name_;
     JobSettings settings_;
+    Findings findings_;
     std::size_t calls_ = 0, made_ = 0, documents_ = 0, pages_ = 0, failed_ = 0;
     std::size_t doubtful_ = 0;       // pages
     std::vector<Failure> failures_;  // the first of them
     PipelineProperties previous_;    // after the call before
     CallAccounts accounts_;
     SheetRow sheets_;
-    std::optional<Page> job_;  // what the job itself asks for, until a page is converted
+    std::optional<SheetPage> job_;  // what the job itself asks for, until a page is converted
     bool isBooklet_ = false;
 };
 

@@ -77,6 +77,19 @@ figcaption dd { margin: 0; overflow-wrap: anywhere; }
 .lines > .page { margin-top: .5rem; }
 .lines > .page code { font-weight: 600; }
 
+.lines > li { position: relative; }
+.lines > li:hover, .lines > li:focus-within { background: var(--raised); }
+.by { margin-left: auto; flex: 0 1 auto; max-width: 45%; color: var(--quiet); overflow: hidden; text-overflow: ellipsis;
+  white-space: nowrap; }
+.why { position: absolute; left: 3.5rem; top: 100%; z-index: 1; max-width: min(44rem, calc(100% - 3.5rem));
+  padding: .375rem .75rem; background: var(--raised); border: 1px solid var(--outline); }
+.lines > li:not(:hover, :focus-within) > .why { clip-path: inset(50%); width: 1px; height: 1px; overflow: hidden; padding: 0; }
+.why li, .items ul { list-style: none; overflow-wrap: anywhere; }
+.items { list-style: none; border-top: 1px solid var(--rule); font-size: .875rem; }
+.items > li { padding: .375rem .25rem; border-bottom: 1px solid var(--rule); overflow-wrap: anywhere; }
+.items > li:target { background: var(--raised); }
+.items h3 { font-size: .875rem; }
+
 .calls { border-top: 1px solid var(--rule); }
 .calls > details { border-bottom: 1px solid var(--rule); }
 summary { cursor: pointer; padding: .5rem .25rem; }
@@ -96,13 +109,15 @@ td, tbody th { font-family: var(--code); }
 .level-1 { padding-left: 1.25rem; }
 .level-2 { padding-left: 2.5rem; }
 ins { color: var(--good); text-decoration: none; }
-del { color: var(--bad); text-decoration-thickness: 1px; }
+del { color: var(--bad); text-decoration: none; }
 
 @media (max-width: 34rem) {
   h2 { margin-top: 2rem; }
   .sheets > .broad { grid-column: auto; }
   .calls > details > div { padding-left: .25rem; }
   .lines > li { gap: .5rem; }
+  .by { max-width: 30%; }
+  .why { left: 0; max-width: 100%; }
   .lines > li::before { flex-basis: 1.5rem; }
 }
 @media print {
@@ -119,6 +134,11 @@ del { color: var(--bad); text-decoration-thickness: 1px; }
   .sheets > li, tr, .lines > li { break-inside: avoid; }
   .scroll { overflow: visible; }
   table { min-width: 0; }
+  .lines > li { flex-wrap: wrap; }
+  .lines > li > code { flex: 1 1 0; }
+  .by { display: none; }
+  .lines > li > .why, .lines > li:not(:hover, :focus-within) > .why { position: static; flex: 1 0 calc(100% - 3.25rem); clip-path: none;
+    width: auto; height: auto; max-width: none; margin-left: 3.25rem; padding: 0; border: 0; color: var(--quiet); }
   details::details-content { content-visibility: visible; display: block; height: auto; }
   summary { list-style: none; padding-left: 0; }
   summary::-webkit-details-marker { display: none; }

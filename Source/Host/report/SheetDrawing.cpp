@@ -106,7 +106,7 @@ void DrawNumber(HtmlWriter& html, const Box& box, std::size_t number) {
              text);
 }
 
-void DrawSide(HtmlWriter& html, const Page& page, const Box& box, const SheetScale& scale, bool isBack) {
+void DrawSide(HtmlWriter& html, const SheetPage& page, const Box& box, const SheetScale& scale, bool isBack) {
     const PageFacts& facts = page.Facts;
     DrawRectangle(html, box, IsKnown(facts) && !facts.Failed ? "paper" : "paper unknown");
     if (facts.Failed)
@@ -159,7 +159,7 @@ HtmlWriter::Scope Picture(HtmlWriter& html, double width, double height) {
 SheetScale ScaleOf(std::span<const SheetRun> runs) {
     double longest = 1;
     for (const SheetRun& run : runs)
-        for (const Page* page : {&run.Front, run.Back ? &*run.Back : &run.Front})
+        for (const SheetPage* page : {&run.Front, run.Back ? &*run.Back : &run.Front})
             longest = std::max({longest, MillimetresWide(page->Facts), MillimetresHigh(page->Facts)});
     return {std::clamp(longestSide / longest, smallestScale, largestScale)};
 }

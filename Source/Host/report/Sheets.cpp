@@ -10,14 +10,14 @@ bool AreOnOnePaper(const PageFacts& front, const PageFacts& back) {
            front.Height == back.Height && front.Medium == back.Medium && front.Bin == back.Bin;
 }
 
-bool LooksAlike(const SheetRun& run, const Page& front, const std::optional<Page>& back) {
+bool LooksAlike(const SheetRun& run, const SheetPage& front, const std::optional<SheetPage>& back) {
     if (run.Back.has_value() != back.has_value()) return false;
     return run.Front.Facts == front.Facts && (!back || run.Back->Facts == back->Facts);
 }
 
 }  // namespace
 
-void SheetRow::Add(Page page) {
+void SheetRow::Add(SheetPage page) {
     if (front_ && AreOnOnePaper(front_->Facts, page.Facts)) {
         Put(*std::exchange(front_, std::nullopt), std::move(page));
         return;
@@ -33,7 +33,7 @@ void SheetRow::End() {
     if (front_) Put(*std::exchange(front_, std::nullopt), std::nullopt);
 }
 
-void SheetRow::Put(Page front, std::optional<Page> back) {
+void SheetRow::Put(SheetPage front, std::optional<SheetPage> back) {
     const std::size_t last = back ? back->Number : front.Number;
     if (pagesLeftOut_ == 0 && !runs_.empty() && LooksAlike(runs_.back(), front, back)) {
         ++runs_.back().Sheets;

@@ -8,7 +8,7 @@
 
 namespace TicketHost {
 
-struct Page {
+struct SheetPage {
     std::size_t Number = 0;  // counts the page calls from 1; 0 is the job's own
     std::size_t Call = 0;    // counts all calls from 1
     PageFacts Facts;
@@ -16,8 +16,8 @@ struct Page {
 
 // Equal sheets in a row, of which the first stands for all.
 struct SheetRun {
-    Page Front;
-    std::optional<Page> Back;
+    SheetPage Front;
+    std::optional<SheetPage> Back;
     std::size_t Sheets = 1;
     std::size_t LastPage = 0;
 };
@@ -29,7 +29,7 @@ public:
     // More sheets that differ from each other nobody looks through.
     static constexpr std::size_t MostRuns = 1000;
 
-    void Add(Page page);
+    void Add(SheetPage page);
     // From here on each page stands by itself, as in a booklet, where the device arranges the pages.
     void KeepPagesApart() { apart_ = true; }
     // Behind the last page.
@@ -39,10 +39,10 @@ public:
     std::size_t PagesLeftOut() const { return pagesLeftOut_; }
 
 private:
-    void Put(Page front, std::optional<Page> back);
+    void Put(SheetPage front, std::optional<SheetPage> back);
 
     std::vector<SheetRun> runs_;
-    std::optional<Page> front_;  // waits for its back
+    std::optional<SheetPage> front_;  // waits for its back
     bool apart_ = false;
     std::size_t pagesLeftOut_ = 0;
 };

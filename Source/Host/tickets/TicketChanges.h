@@ -20,6 +20,8 @@ struct TicketChange {
     std::string Subject;
     std::string Before;  // what it said; empty for what is new
     std::string After;   // what it says; empty for what is gone
+
+    bool operator==(const TicketChange&) const = default;
 };
 
 // What differs between two documents by what they say, whatever their form: the order of items with different

@@ -7,6 +7,7 @@
 #include "Host/explain/ExplainOutput.h"
 #include "Host/ground/StandardStreams.h"
 #include "Host/output/TerminalSinks.h"
+#include "Host/report/HtmlReport.h"
 #include "Host/verbs/ChoiceOptions.h"
 #include "Host/verbs/JobOptions.h"
 #include "Host/verbs/Verbs.h"
@@ -22,8 +23,7 @@ struct ExplainOptions {
     std::string Color = "auto";
 };
 
-Explanation ExplainWithProgress(const ExplainOptions& options) {
-    const Job job = ReadJob(options.Job);
+Explanation ExplainWithProgress(const Job& job, const ExplainOptions& options) {
     if (!Platform::IsTerminal(Platform::StandardStream::Error)) return Explain(job, options.Asked);
     StatusLine line(std::cerr);
     return Explain(job, options.Asked, [&line](std::size_t done, std::size_t total) {
@@ -37,11 +37,19 @@ bool Threw(const Explanation& explanation) {
     });
 }
 
+void WriteReport(std::ostream& out, const Job& job, const Explanation& explanation) {
+    HtmlReport report(out, &explanation);
+    RunJob(job, false, report);
+}
+
 int RunExplain(const ExplainOptions& options) {
-    const Explanation explanation = ExplainWithProgress(options);
+    const Job job = ReadJob(options.Job);
+    const Explanation explanation = ExplainWithProgress(job, options);
     StandardOutput output;
     if (options.Format == "json")
         WriteExplanationAsJson(output.Stream(), explanation);
+    else if (options.Format == "html")
+        WriteReport(output.Stream(), job, explanation);
     else
         WriteExplanation(output.Stream(), explanation, WantsColor(options.Color));
     output.Send();
@@ -75,8 +83,8 @@ void AddExplainVerb(CLI::App& app, Action& action) {
     verb->add_option("--item", options->Asked.Item, "Only items of this name, with or without its prefix")
         ->type_name("NAME");
     verb->add_option("--call", options->Asked.Call, "Only this call, counted from 1")->type_name("N");
-    AddChoice(*verb, "--format", "FORMAT", options->Format, {"text", "json"},
-              "text, for a person (default), or json, one document");
+    AddChoice(*verb, "--format", "FORMAT", options->Format, {"text", "html", "json"},
+              "text, for a person (default); html, one page to look at; json, one document");
     AddColor(*verb, options->Color);
     verb->footer(footer);
     verb->callback([&action, options] { action = [options] { return RunExplain(*options); }; });
