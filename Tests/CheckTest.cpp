@@ -105,9 +105,7 @@ TEST_F(CheckVerb, ReportsInBothFormsAndByItsStatus) {
          "device has no such thing\"}]\n}\n",
          ""},
         {"check page.html", 2, "",
-         "tickethost: page.html:1:15: a DOCTYPE is not allowed; a Print Ticket has none, so this may be an "
-         "HTML "
-         "page, or leave the DOCTYPE away\n"},
+         "tickethost: page.html:1:15: a DOCTYPE is not allowed; this is an HTML page, not a Print Ticket\n"},
         {"check prefix.xml", 2, "",
          "tickethost: prefix.xml:1:17: Namespace prefix psf on PrintTicket is not defined; declare it in the "
          "root, as "

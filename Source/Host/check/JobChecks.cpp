@@ -31,6 +31,8 @@ Level LevelOf(const Call& call) {
 
 std::string PlaceOf(std::size_t index) { return "calls[" + std::to_string(index) + "]"; }
 
+bool IsInline(const Ticket& ticket) { return ticket.Name == "inline ticket"; }
+
 std::optional<Platform::XmlElement> ReadRoot(const Ticket& ticket) {
     Platform::ParseError error;
     return std::visit([&](const auto& content) { return Platform::ReadXml(content, error); }, ticket.Content);
@@ -74,7 +76,8 @@ void JobChecker::CheckOrder() {
 // said of a ticket depends on two settings alone, unless it is the job's.
 bool JobChecker::IsNew(const Call& call, Level level) {
     const Ticket* ticket = call.Source.get();
-    if (const auto* text = std::get_if<Platform::WideText>(&ticket->Content))
+    const auto* text = std::get_if<Platform::WideText>(&ticket->Content);
+    if (text != nullptr && IsInline(*ticket))
         ticket = inlineTickets_.try_emplace(text->View(), ticket).first->second;
     std::string known = level == AtJob ? "" : state_.Setting("OutPSize") + ' ' + state_.Setting("Layout");
     return checked_.emplace(ticket, level, std::move(known)).second;
@@ -100,7 +103,7 @@ void JobChecker::CheckPassword() {
 }
 
 void JobChecker::CheckTicketOf(const Call& call, std::size_t index, Level level, Findings& findings) {
-    const bool isInline = std::holds_alternative<Platform::WideText>(call.Source->Content);
+    const bool isInline = IsInline(*call.Source);
     const auto root = ReadRoot(*call.Source);
     if (!root) return;
     const std::size_t before = findings.size();
@@ -166,14 +169,14 @@ Findings CheckJob(const Job& job) {
 }
 
 void CheckQueue(const Job& job, Findings& findings) {
+    Platform::WideText wideName = job.Settings.DocumentName.value_or(Platform::WideText());
     const Platform::WideText queue = FindText(job.Settings.Pipeline, u"PrinterName");
-    Platform::WideText wideName;
-    if (queue.IsNull() || !Platform::GetFirstDocumentName(queue, wideName)) return;
+    if (!job.Settings.DocumentName && !queue.IsNull()) Platform::GetFirstDocumentName(queue, wideName);
     const std::string name = ToUtf8(wideName);
     if (!HasControls(name) && name.find('"') == name.npos) return;
     findings.push_back({FindingKind::Warning, job.Name, "pipeline.PrinterName", 0,
-                        "the first job of the queue is named " + Quoted(name) +
-                            ", which goes into the header as it is, where it ends a line or a quoted text",
+                        "the document's name " + Quoted(name) +
+                            " goes into the header as it is, where it ends a line or a quoted text",
                         ""});
 }
 

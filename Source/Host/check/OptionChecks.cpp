@@ -147,12 +147,15 @@ void CheckSize(const CheckedTicket& ticket, const TicketItem& feature, const Tic
 
 void CheckOptions(const CheckedTicket& ticket, const TicketItem& feature, const ItemRow& row,
                   TicketReport& report) {
-    const TicketItem* chosen = ChosenOption(feature);
-    if (chosen == nullptr)
-        return report.Warn(feature.Line,
-                           "feature " + Quoted(feature.Name) + " has no option and counts for nothing");
+    const auto isNamed = [](const TicketItem& item) {
+        return item.Kind == ItemKind::Option && !item.Name.empty();
+    };
+    const auto chosen = std::ranges::find_if(feature.Items, isNamed);
+    if (chosen == feature.Items.end())
+        return report.Warn(feature.Line, "feature " + Quoted(feature.Name) +
+                                             " has no option with a name and counts for nothing");
     for (const TicketItem& item : feature.Items)
-        if (item.Kind == ItemKind::Option && &item != chosen)
+        if (isNamed(item) && &item != &*chosen)
             report.Warn(item.Line, OptionOf(feature, item) +
                                        " counts for nothing: only the feature's first option is read");
     if (row.Allowed.Kind == Form::MediaSize) return CheckSize(ticket, feature, *chosen, row, report);

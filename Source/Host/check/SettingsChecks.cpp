@@ -150,7 +150,7 @@ void SettingsChecker::CheckUncounted() {
         report_.Warn(pieces.front()->Line,
                      "the " + std::string(series.Scope) + " settings count for nothing without parameter " +
                          NameOfCount(series),
-                     "say there that there are " + std::to_string(pieces.size()) + " pieces");
+                     "say there how many pieces there are: " + std::to_string(pieces.size()));
     }
 }
 
@@ -192,14 +192,14 @@ void SettingsChecker::CheckMember(const std::string& name, const Member& member)
 void SettingsChecker::CheckHidden(const std::string& name, const Member& member) {
     for (const Member& earlier : members_[name]) {
         if (*earlier.Value == *member.Value) continue;
-        const bool isSameSeries = earlier.Series == member.Series;
+        const bool isText = std::string_view(member.Group) == SettingsGroups[0];
         if (earlier.Group == member.Group)
             report_.Warn(earlier.Line, "setting " + name + " of the " + std::string(earlier.Series->Scope) +
                                            " settings counts for nothing: the " +
                                            std::string(member.Series->Scope) + " settings have it, too");
         else
             report_.Warn(
-                isSameSeries ? member.Line : earlier.Line,
+                isText ? earlier.Line : member.Line,
                 "setting " + name + " in \"paraminits\" counts for nothing: \"features\" has it, too");
     }
     members_[name].push_back(member);

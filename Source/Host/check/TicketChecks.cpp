@@ -195,6 +195,12 @@ void TicketChecker::CheckItem(const TicketItem& item, const XmlElement& element)
     CheckKnown(item, element, *row);
 }
 
+bool HasNamedOption(const TicketItem& feature) {
+    return std::ranges::any_of(feature.Items, [](const TicketItem& item) {
+        return item.Kind == ItemKind::Option && !item.Name.empty();
+    });
+}
+
 void TicketChecker::CheckKnown(const TicketItem& item, const XmlElement& element, const ItemRow& row) {
     const std::string what = KindName(item.Kind) + Quoted(item.Name);
     const unsigned levels = row.ReadAt | row.FoundAt;
@@ -211,7 +217,7 @@ void TicketChecker::CheckKnown(const TicketItem& item, const XmlElement& element
         report_.Warn(item.Line,
                      what + " is not written " + row.FullName() + ", so " + std::string(row.Otherwise),
                      "bind \"" + std::string(row.Prefix) + "\" to its namespace and use it");
-    const bool saysNothing = item.Kind == ItemKind::Feature && ChosenOption(item) == nullptr;
+    const bool saysNothing = item.Kind == ItemKind::Feature && !HasNamedOption(item);
     if (!saysNothing && !seen_.emplace(item.Kind, item.Space, item.Local).second)
         return report_.Warn(item.Line, what + " stands there a second time; only the first counts");
     if ((row.ReadAt & level_) != 0) CheckValue(item, row);

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <memory>
 #include <string>
 #include <utility>
@@ -19,9 +20,11 @@ struct CheckOptions {
     bool IsStrict = false;
 };
 
+constexpr std::size_t longestStart = 1000;  // bytes of a file that say what it is
+
 // What to do about a document that isn't taken, by a part of the reason.
 constexpr std::pair<const char*, const char*> hints[] = {
-    {"DOCTYPE", "a Print Ticket has none, so this may be an HTML page, or leave the DOCTYPE away"},
+    {"DOCTYPE", "a Print Ticket has none: leave it away"},
     {"Namespace prefix", "declare it in the root, as xmlns:psf=\"...\""},
     {"Start tag expected", "a Print Ticket is XML and begins with <psf:PrintTicket"},
     {"Document is empty", "a Print Ticket is XML and begins with <psf:PrintTicket"},
@@ -29,10 +32,21 @@ constexpr std::pair<const char*, const char*> hints[] = {
     {"Premature end", "the end of the ticket is missing"},
 };
 
+// A page of the web, well-formed or not, by how it begins.
+bool IsHtml(const std::string& file) try {
+    std::string start = ReadFile(file).substr(0, longestStart);
+    std::ranges::transform(start, start.begin(),
+                           [](char c) { return 'A' <= c && c <= 'Z' ? static_cast<char>(c + 32) : c; });
+    return start.find("<!doctype html") != start.npos || start.find("<html") != start.npos;
+} catch (const InputError&) {
+    return false;
+}
+
 Job ReadJobWithHints(const JobOptions& options) try {
     return ReadJob(options);
 } catch (const InputError& error) {
     const std::string line = error.what();
+    if (IsHtml(options.File)) throw InputError(line + "; this is an HTML page, not a Print Ticket");
     for (const auto& [part, hint] : hints)
         if (line.find(part) != line.npos) throw InputError(line + "; " + hint);
     throw;
