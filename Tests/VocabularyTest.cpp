@@ -170,7 +170,10 @@ void Watch(const Json::Value& settings, const std::string& children, std::map<Le
         std::make_shared<WatchedBag>(BagsOfAJob());
     for (const auto& [level, number] :
          {std::pair{AtJob, JobLevel}, {AtDocument, DocumentLevel}, {AtPage, PageLevel}}) {
-        const std::string own = level == AtJob ? DeviceSpecificModule::Settings(WriteSettings(settings)) : "";
+        const std::string counts =
+            Parameter("ns0000:DocXRDocCustomCount", "1") + Parameter("ns0000:PageXRPageCustomCount", "1");
+        const std::string own =
+            level == AtJob ? DeviceSpecificModule::Settings(WriteSettings(settings)) + counts : "";
         const auto ticket = std::make_shared<WatchedTicket>(MakeTicket(own + children));
         asked = &all[level];
         ProcessDrvPT(bag, ticket, number, tables.Record(), &snapshot);
@@ -226,6 +229,8 @@ TEST(Vocabulary, IsWhatConversionsAskFor) {
     const char* bags[] = {"pipeline ", "driver ", "queue "};
     for (const KnownProperty& row : KnownProperties())
         properties.insert(bags[static_cast<int>(row.In)] + std::string(row.Name));
+    for (const char* group : SettingsGroups)
+        together.PerPage.erase(group);  // asked for while they are merged
     EXPECT_EQ(together.Settings, settings);
     EXPECT_EQ(together.PerPage, perPage);
     EXPECT_EQ(together.Properties, properties);
