@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <atomic>
+#include <cstdio>
 #include <filesystem>
+#include <functional>
 #include <set>
 #include <sstream>
 
@@ -111,7 +113,7 @@ public:
                 if (items_[at].Name == name) return IsThere(without, at);
             return false;
         };
-        CallOutcome outcome;
+        TrialOutcome outcome;
         outcome.ChangesPjl = true;
         outcome.Pjl = Module::Wide(lines_(has, TimeAt(runs_++ * clock_.Seconds / clock_.Runs)));
         if (known != nullptr && AreSame(known->at(0), outcome)) return {};

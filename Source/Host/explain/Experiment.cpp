@@ -56,15 +56,17 @@ Experiment::Experiment(const Conversions& conversions, std::size_t calls, Progre
     for (const auto& [call, outcome] : base_) lines_.push_back(LinesOf(outcome));
 }
 
-const CallOutcome& Experiment::Of(const Trial& trial, std::size_t call) const {
+const TrialOutcome& Experiment::Of(const Trial& trial, std::size_t call) const {
     const auto found = trial.find(call);
     return found == trial.end() ? base_.at(call) : found->second;
 }
 
 // Errors are compared first: a call that throws leaves little to compare, and nothing that says much.
-void Experiment::Record(std::size_t call, const CallOutcome& unchanged, const CallOutcome& tried,
+void Experiment::Record(std::size_t call, const TrialOutcome& unchanged, const TrialOutcome& tried,
                         const Patterns& patterns, Changes& changes) const {
-    std::vector<OutcomeLine> lines = LinesOf(unchanged), others = LinesAgainst(tried, unchanged);
+    const bool isFirst = &unchanged == &base_.at(call);
+    const std::vector<OutcomeLine> lines = isFirst ? lines_[call] : LinesOf(unchanged);
+    const std::vector<OutcomeLine> others = LinesAgainst(tried, unchanged);
     std::vector<LineChange> found = CompareLines(lines, others, patterns);
     const bool sameError = unchanged.Error == tried.Error;
     std::erase_if(found, [&](LineChange& change) {
@@ -84,7 +86,7 @@ void Experiment::TryCloser(const ItemSet& without, std::vector<std::size_t>& ope
     const Trial trial = conversions_.Run(without, calls, &base_);
     const Trial after = conversions_.Run({}, calls, &base_);
     std::erase_if(open, [&](std::size_t call) {
-        const CallOutcome &first = Of(before, call), &tried = Of(trial, call), &second = Of(after, call);
+        const TrialOutcome &first = Of(before, call), &tried = Of(trial, call), &second = Of(after, call);
         if (AreSame(first, tried) || AreSame(tried, second)) return true;
         const bool agree = AreSame(first, second);
         if (!agree && !isLast) return false;
@@ -98,7 +100,7 @@ Changes Experiment::Settle(const ItemSet& without, const Trial& trial, const Tri
     Changes changes;
     std::vector<std::size_t> open;
     for (const auto& [call, tried] : trial) {
-        const CallOutcome &before = base_.at(call), &after = Of(later, call);
+        const TrialOutcome &before = base_.at(call), &after = Of(later, call);
         if (AreSame(tried, after)) continue;
         if (AreSame(before, after))
             Record(call, before, tried, {}, changes);

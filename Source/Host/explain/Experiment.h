@@ -48,11 +48,11 @@ public:
     std::vector<Changes> TryAll(const std::vector<ItemSet>& sets) const;
 
 private:
-    const CallOutcome& Of(const Trial& trial, std::size_t call) const;
+    const TrialOutcome& Of(const Trial& trial, std::size_t call) const;
     Changes Settle(const ItemSet& without, const Trial& trial, const Trial& later) const;
     void TryCloser(const ItemSet& without, std::vector<std::size_t>& open, bool isLast,
                    Changes& changes) const;
-    void Record(std::size_t call, const CallOutcome& unchanged, const CallOutcome& tried,
+    void Record(std::size_t call, const TrialOutcome& unchanged, const TrialOutcome& tried,
                 const Patterns& patterns, Changes& changes) const;
 
     void Count(std::size_t total) const;

@@ -43,7 +43,7 @@ public:
     void Begin(const Job&, const PipelineProperties& initial) override { TakeProperties(initial); }
 
     void Take(const CallResult& result) override {
-        CallOutcome outcome = Read(result);
+        TrialOutcome outcome = Read(result);
         const std::size_t call = result.Number - 1;
         const auto known = known_ == nullptr ? Trial::const_iterator() : known_->find(call);
         const bool isKnown = known_ != nullptr && known != known_->end();
@@ -53,7 +53,7 @@ public:
     Trial Taken() { return std::move(trial_); }
 
 private:
-    CallOutcome Read(const CallResult& result);
+    TrialOutcome Read(const CallResult& result);
     void TakeProperties(const PipelineProperties& properties);
 
     const Trial* known_;
@@ -70,8 +70,8 @@ void OutcomeTaker::TakeProperties(const PipelineProperties& properties) {
         if (IsListed(name, value)) others_.emplace_hint(others_.end(), name, value);
 }
 
-CallOutcome OutcomeTaker::Read(const CallResult& result) {
-    CallOutcome outcome;
+TrialOutcome OutcomeTaker::Read(const CallResult& result) {
+    TrialOutcome outcome;
     if (result.Error) outcome.Error = result.Error->Type + ": " + result.Error->Message;
     const WideText pjl = pjl_, data = data_;
     const PipelineProperties before = std::move(others_);
@@ -113,7 +113,7 @@ void AddCommands(LineKind kind, const WideText& text, std::vector<OutcomeLine>& 
     }
 }
 
-void AddProperty(const CallOutcome& outcome, const std::u16string& name, std::vector<OutcomeLine>& lines) {
+void AddProperty(const TrialOutcome& outcome, const std::u16string& name, std::vector<OutcomeLine>& lines) {
     const PropertyValue* value = Find(outcome.Properties, name);
     const std::string key = Visible(ToUtf8(name));
     const std::string said = value == nullptr ? " is gone" : " = " + DescribeValue(*value);
@@ -124,7 +124,7 @@ std::vector<TicketChange> EditsOf(const WideText& before, const WideText& after)
     return before == after ? std::vector<TicketChange>() : CompareTickets(before, after);
 }
 
-std::vector<OutcomeLine> ListLines(const CallOutcome& outcome, bool withPjl,
+std::vector<OutcomeLine> ListLines(const TrialOutcome& outcome, bool withPjl,
                                    const std::vector<std::u16string>& properties,
                                    const std::vector<TicketChange>& edits) {
     std::vector<OutcomeLine> lines;
@@ -248,7 +248,7 @@ Trial Convert(const Job& job, std::size_t calls, const Trial* known) {
     return taker.Taken();
 }
 
-bool AreSame(const CallOutcome& left, const CallOutcome& right) {
+bool AreSame(const TrialOutcome& left, const TrialOutcome& right) {
     const auto sameProperty = [&](const std::u16string& name) {
         return SaySame(Find(left.Properties, name), Find(right.Properties, name));
     };
@@ -259,12 +259,12 @@ bool AreSame(const CallOutcome& left, const CallOutcome& right) {
            std::ranges::all_of(right.Changed, sameProperty);
 }
 
-std::vector<OutcomeLine> LinesOf(const CallOutcome& outcome) {
+std::vector<OutcomeLine> LinesOf(const TrialOutcome& outcome) {
     return ListLines(outcome, outcome.ChangesPjl, outcome.Changed,
                      EditsOf(outcome.TicketBefore, outcome.TicketAfter));
 }
 
-std::vector<OutcomeLine> LinesAgainst(const CallOutcome& outcome, const CallOutcome& other) {
+std::vector<OutcomeLine> LinesAgainst(const TrialOutcome& outcome, const TrialOutcome& other) {
     std::vector<std::u16string> properties;
     for (const std::u16string& name : other.Changed)
         if (outcome.Properties.contains(name) || std::ranges::binary_search(outcome.Changed, name))
@@ -275,7 +275,7 @@ std::vector<OutcomeLine> LinesAgainst(const CallOutcome& outcome, const CallOutc
             properties.push_back(name);
     std::ranges::sort(properties);
     const bool endsAlike = EditsOf(outcome.TicketAfter, other.TicketAfter).empty();
-    const CallOutcome& edited = endsAlike ? other : outcome;
+    const TrialOutcome& edited = endsAlike ? other : outcome;
     return ListLines(outcome, outcome.ChangesPjl || other.ChangesPjl, properties,
                      EditsOf(edited.TicketBefore, edited.TicketAfter));
 }

@@ -12,7 +12,7 @@
 namespace TicketHost {
 
 // What one call came to, as far as runs are compared by it. Texts share their buffers with the run's.
-struct CallOutcome {
+struct TrialOutcome {
     std::string Error;              // "TYPE: MESSAGE", empty: the call didn't throw
     bool ChangesPjl = false;        // or is at job level and didn't throw, and so writes it whatever it was
     Platform::WideText Pjl;         // after the call
@@ -24,14 +24,14 @@ struct CallOutcome {
 
 // The outcomes of a run by their calls' indices; of a run that is compared with another only those that
 // differ from it.
-using Trial = std::map<std::size_t, CallOutcome>;
+using Trial = std::map<std::size_t, TrialOutcome>;
 
 // Converts up to `calls` calls of a job as RunJob does and ends like it behind one that throws. Outcomes that
 // are the same as those of `known`, where that is given, are left out.
 Trial Convert(const Job& job, std::size_t calls, const Trial* known = nullptr);
 
 // Whether two outcomes of one call say the same, what they didn't change of the properties left aside.
-bool AreSame(const CallOutcome& left, const CallOutcome& right);
+bool AreSame(const TrialOutcome& left, const TrialOutcome& right);
 
 // A line of an outcome, raw. Where two lines in one place have the same key, one stands in for the other.
 struct OutcomeLine {
@@ -43,12 +43,12 @@ struct OutcomeLine {
 };
 
 // The lines of an outcome, ordered by kind.
-std::vector<OutcomeLine> LinesOf(const CallOutcome& outcome);
+std::vector<OutcomeLine> LinesOf(const TrialOutcome& outcome);
 
 // The same of an outcome that is to be compared with another of that call: what the other changed is there
 // as well, and a property that is now as it is after the other is only there where that one changed it. Where
 // the tickets end alike, whatever they began as, the edits are the other's.
-std::vector<OutcomeLine> LinesAgainst(const CallOutcome& outcome, const CallOutcome& other);
+std::vector<OutcomeLine> LinesAgainst(const TrialOutcome& outcome, const TrialOutcome& other);
 
 // Another run's lines of the same call, set against these.
 struct LineChange {
