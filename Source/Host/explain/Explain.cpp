@@ -215,7 +215,7 @@ void Explainer::Explain() {
     FindCauses(
         found_, [this](LinePlace place) { return IsAsked(place); }, all, explanation_);
     DescribeEffects();
-    if (all) FindHiddenItems(found_, ItemsWithEffect(explanation_), items_);
+    if (all) FindHiddenItems(found_, explanation_);
     Narrow(asked);
 }
 

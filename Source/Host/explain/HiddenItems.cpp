@@ -18,10 +18,13 @@ ItemSet With(ItemSet items, std::size_t item) {
 
 class Search {
 public:
-    Search(Investigation& investigation, const std::vector<bool>& haveEffect, std::vector<SourceItem>& items)
-        : investigation_(investigation), items_(items) {
-        for (std::size_t item = 0; item < items.size(); ++item)
-            if (!haveEffect[item] && (items[item].Parent == NoIndex || haveEffect[items[item].Parent]))
+    Search(Investigation& investigation, Explanation& explanation)
+        : investigation_(investigation),
+          haveEffect_(ItemsWithEffect(explanation)),
+          calls_(explanation.Calls),
+          items_(explanation.Items) {
+        for (std::size_t item = 0; item < items_.size(); ++item)
+            if (!haveEffect_[item] && (items_[item].Parent == NoIndex || haveEffect_[items_[item].Parent]))
                 idle_.push_back(item);
     }
 
@@ -29,11 +32,14 @@ public:
     void AmongNamesakes();
 
 private:
+    ItemSet IdleFor(std::size_t hider, const Effect& effect) const;
     void Behind(std::size_t hider, const ItemSet& idle, std::size_t call, const LineChange& change);
     ItemSet Namesakes(std::size_t item) const;
     bool AreOther(const ItemSet& without, const ItemSet& also) const;
 
     Investigation& investigation_;
+    const std::vector<bool> haveEffect_;
+    const std::vector<ExplainedCall>& calls_;
     std::vector<SourceItem>& items_;
     ItemSet idle_;  // the outermost items without effect
 };
@@ -50,15 +56,25 @@ void Search::Behind(std::size_t hider, const ItemSet& idle, std::size_t call, co
     }
 }
 
+// The items that may be behind what comes instead of a line. A ticket's own may not for an edit of that
+// ticket: without what was edited there is nothing to edit.
+ItemSet Search::IdleFor(std::size_t hider, const Effect& effect) const {
+    ItemSet idle;
+    std::ranges::copy_if(idle_, std::back_inserter(idle), [&](std::size_t item) {
+        const bool isEdited =
+            effect.Kind == LineKind::Ticket && items_[item].Ticket == calls_[effect.Call].TicketIndex;
+        return !StandsIn(items_, item, hider) && !isEdited;
+    });
+    return idle;
+}
+
+// The last call first, so that one trial of all that is idle does for the others, too.
 void Search::BehindWhatGivesWay() {
     for (std::size_t hider = 0; hider < items_.size(); ++hider) {
-        ItemSet idle;
-        std::ranges::copy_if(idle_, std::back_inserter(idle),
-                             [&](std::size_t item) { return !StandsIn(items_, item, hider); });
-        // The last call first, so that one trial of all that is idle does for the others, too.
         const std::vector<Effect>& effects = items_[hider].Effects;
         for (auto effect = effects.rbegin(); effect != effects.rend(); ++effect) {
             if (!effect->Instead || effect->Kind == LineKind::Error) continue;
+            const ItemSet idle = IdleFor(hider, *effect);
             for (const LineChange& change : investigation_.Results[hider]->at(effect->Call))
                 if (change.Line == effect->Line && change.Kind == effect->Kind && change.Instead)
                     Behind(hider, idle, effect->Call, change);
@@ -93,8 +109,8 @@ bool Search::AreOther(const ItemSet& without, const ItemSet& also) const {
 }
 
 void Search::AmongNamesakes() {
-    for (const std::size_t item : idle_) {
-        if (!items_[item].HiddenBy.empty() || items_[item].Ticket == NoIndex) continue;
+    for (std::size_t item = 0; item < items_.size(); ++item) {
+        if (haveEffect_[item] || !items_[item].HiddenBy.empty() || items_[item].Ticket == NoIndex) continue;
         const ItemSet namesakes = Namesakes(item);
         if (!namesakes.empty() && AreOther(namesakes, With(namesakes, item)))
             items_[item].HiddenBy = namesakes;
@@ -103,9 +119,8 @@ void Search::AmongNamesakes() {
 
 }  // namespace
 
-void FindHiddenItems(Investigation& investigation, const std::vector<bool>& haveEffect,
-                     std::vector<SourceItem>& items) {
-    Search search(investigation, haveEffect, items);
+void FindHiddenItems(Investigation& investigation, Explanation& explanation) {
+    Search search(investigation, explanation);
     search.BehindWhatGivesWay();
     search.AmongNamesakes();
 }

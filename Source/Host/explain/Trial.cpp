@@ -120,8 +120,12 @@ void AddProperty(const TrialOutcome& outcome, const std::u16string& name, std::v
     lines.push_back({LineKind::Property, key, key + said});
 }
 
+// What stands between the elements of a ticket is no edit, even if none of them is left.
 std::vector<TicketChange> EditsOf(const WideText& before, const WideText& after) {
-    return before == after ? std::vector<TicketChange>() : CompareTickets(before, after);
+    if (before == after) return {};
+    std::vector<TicketChange> edits = CompareTickets(before, after);
+    std::erase_if(edits, [](const TicketChange& edit) { return edit.Subject == "/PrintTicket"; });
+    return edits;
 }
 
 std::vector<OutcomeLine> ListLines(const TrialOutcome& outcome, bool withPjl,
