@@ -5,7 +5,6 @@
 
 #include "Host/ground/Texts.h"
 #include "Host/output/CallWords.h"
-#include "Host/report/ExplanationSection.h"
 #include "Host/report/ReportWords.h"
 
 namespace TicketHost {
@@ -164,14 +163,14 @@ void WriteWhatChanged(HtmlWriter& html, const CallAccount& call) {
     PutRowsLeftOut(html, call.What.TicketChanges.size());
 }
 
-void WriteExplained(HtmlWriter& html, const CallAccount& call, const Explanation& explanation) {
+void WriteExplained(HtmlWriter& html, const CallAccount& call, ExplanationWriter& explanation) {
     if (call.First != call.Last) html.Put("p", {{"class", "quiet"}}, "Of the first call:");
-    WriteExplainedLines(html, explanation, call.First,
-                        {LineKind::Error, LineKind::Data, LineKind::Property, LineKind::Ticket});
+    explanation.WriteLines(call.First,
+                           {LineKind::Error, LineKind::Data, LineKind::Property, LineKind::Ticket});
 }
 
 // A browser that goes to the body opens what it stands in.
-void WriteBody(HtmlWriter& html, const CallAccount& call, const Explanation* explanation) {
+void WriteBody(HtmlWriter& html, const CallAccount& call, ExplanationWriter* explanation) {
     const auto body = html.In("div", {{"id", HtmlPlace{"call", call.First}.Id()}});
     WriteError(html, call.What);
     if (!call.What.Pjl.empty())
@@ -185,7 +184,7 @@ void WriteBody(HtmlWriter& html, const CallAccount& call, const Explanation* exp
     WriteTicketRows(html, call.What);
 }
 
-void WriteCall(HtmlWriter& html, const CallAccount& call, const Explanation* explanation) {
+void WriteCall(HtmlWriter& html, const CallAccount& call, ExplanationWriter* explanation) {
     if (call.What.Error.empty()) {
         const auto details = html.In("details");
         WriteSummary(html, call);
@@ -215,7 +214,7 @@ void WriteHeaderSection(HtmlWriter& html, const CallAccounts& calls) {
     if (isEmpty) html.Put("p", {{"class", "quiet"}}, "No call wrote one.");
 }
 
-void WriteCallSection(HtmlWriter& html, const CallAccounts& calls, const Explanation* explanation) {
+void WriteCallSection(HtmlWriter& html, const CallAccounts& calls, ExplanationWriter* explanation) {
     const auto section = html.In("section", {{"aria-labelledby", "calls"}});
     html.Put("h2", {{"id", "calls"}, {"tabindex", "-1"}}, "Calls");
     {

@@ -1,8 +1,7 @@
 #pragma once
 
-#include "Host/explain/Explanation.h"
 #include "Host/report/CallAccount.h"
-#include "Host/report/HtmlWriter.h"
+#include "Host/report/ExplanationSection.h"
 
 namespace TicketHost {
 
@@ -11,6 +10,6 @@ void WriteHeaderSection(HtmlWriter& html, const CallAccounts& calls);
 
 // Writes the section of the calls: for each what came to it, what it changed and what its ticket says. Those
 // that failed are open. With an explanation, which may be null, what came of them stands there as its lines.
-void WriteCallSection(HtmlWriter& html, const CallAccounts& calls, const Explanation* explanation);
+void WriteCallSection(HtmlWriter& html, const CallAccounts& calls, ExplanationWriter* explanation);
 
 }  // namespace TicketHost

@@ -5,7 +5,6 @@
 #include "Host/check/JobChecks.h"
 #include "Host/ground/Texts.h"
 #include "Host/report/CallSection.h"
-#include "Host/report/ExplanationSection.h"
 #include "Host/report/ReportStyle.h"
 #include "Host/report/ReportWords.h"
 #include "Host/report/SheetSection.h"
@@ -127,15 +126,21 @@ void HtmlReport::End(const PipelineProperties&) {
         html.Text("Skip to the sheets");
     }
     WriteTop(html);
+    WriteMain(html);
+}
+
+void HtmlReport::WriteMain(HtmlWriter& html) const {
     const auto main = html.In("main");
     WriteSheetSection(html, sheets_, accounts_, isBooklet_);
-    if (explanation_ != nullptr)
-        WriteExplainedHeader(html, *explanation_);
+    std::optional<ExplanationWriter> explanation;
+    if (explanation_ != nullptr) explanation.emplace(html, *explanation_);
+    if (explanation)
+        explanation->WriteHeader();
     else
         WriteHeaderSection(html, accounts_);
     WriteWarningSection(html, findings_);
-    WriteCallSection(html, accounts_, explanation_);
-    if (explanation_ != nullptr) WriteItemSections(html, *explanation_);
+    WriteCallSection(html, accounts_, explanation ? &*explanation : nullptr);
+    if (explanation) explanation->WriteItems();
     WriteSettings(html);
 }
 

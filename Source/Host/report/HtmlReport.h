@@ -42,6 +42,7 @@ private:
     void WriteTop(HtmlWriter& html) const;
     void WriteVerdict(HtmlWriter& html) const;
     void WriteFailures(HtmlWriter& html) const;
+    void WriteMain(HtmlWriter& html) const;
     void WriteSettings(HtmlWriter& html) const;
 
     std::ostream& out_;
