@@ -90,9 +90,10 @@ TEST(WhatIf, UsersOfANameHaveATokenOfTheirOwn) {
 
 TEST(WhatIf, ADocumentsNameHoldsForItsThreadUntilItEnds) {
     WideText name(u"as it was");
-    Platform::SetDocumentNameOfThread(WideText(u""));
-    EXPECT_TRUE(Platform::GetFirstDocumentName(WideText(u"any"), name) && name.IsEmpty());
-    Platform::SetDocumentNameOfThread(WideText());
+    const WideText own(u"own");
+    Platform::SetDocumentNameOfThread(&own);
+    EXPECT_TRUE(Platform::GetFirstDocumentName(WideText(u"any"), name) && name == own);
+    Platform::SetDocumentNameOfThread(nullptr);
     name = WideText(u"as it was");
     EXPECT_FALSE(Platform::GetFirstDocumentName(WideText(u""), name));
     EXPECT_EQ(Module::Narrow(name), "as it was");

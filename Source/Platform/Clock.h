@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 
 #include "Platform/Export.h"
 
@@ -19,6 +20,10 @@ struct LocalTime {
 
 // Whole seconds since 1 January 1970, UTC.
 PLATFORM_API std::int64_t GetSystemSeconds();
+
+// From here on GetSystemSeconds gives the calling thread this moment; nothing ends that. For hosts that hold
+// one conversion against another.
+PLATFORM_API void SetSystemSecondsOfThread(std::optional<std::int64_t> seconds);
 
 // The local calendar form of such seconds. False, with `time` as it was, for a year that can't be counted.
 PLATFORM_API bool ToLocalTime(std::int64_t seconds, LocalTime& time);

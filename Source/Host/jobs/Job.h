@@ -22,6 +22,8 @@ struct JobSettings {
     bool Snapshot = true;  // one for all calls, or none
     // What the print queue would call the job's document; absent: the queue of "PrinterName" is asked.
     std::optional<Platform::WideText> DocumentName = {};
+    std::optional<std::int64_t> Seconds =
+        {};  // the moment of all calls, since 1970; absent: when each is made
 };
 
 // A ticket whose text has been found to load. Calls may share it; each loads a document of its own from it.

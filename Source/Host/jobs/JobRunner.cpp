@@ -6,6 +6,7 @@
 
 #include "Host/ground/Texts.h"
 #include "Host/jobs/OptionTableSet.h"
+#include "Platform/Clock.h"
 #include "Platform/PrintQueue.h"
 #include "Platform/ResultError.h"
 #include "conversion/DeviceSpecificModule.h"
@@ -52,23 +53,26 @@ PipelineProperties InitialProperties(const JobSettings& settings) {
     return properties;
 }
 
-// The document's name on this thread while it lives.
-class DocumentNameScope {
+// What the platform says on this thread while it lives.
+class PlatformScope {
 public:
-    explicit DocumentNameScope(const std::optional<Platform::WideText>& name) {
-        if (name) Platform::SetDocumentNameOfThread(*name);
+    explicit PlatformScope(const JobSettings& settings) {
+        if (settings.DocumentName) Platform::SetDocumentNameOfThread(&*settings.DocumentName);
+        if (settings.Seconds) Platform::SetSystemSecondsOfThread(settings.Seconds);
     }
-    DocumentNameScope(const DocumentNameScope&) = delete;
-    DocumentNameScope& operator=(const DocumentNameScope&) = delete;
-    ~DocumentNameScope() { Platform::SetDocumentNameOfThread({}); }
+    PlatformScope(const PlatformScope&) = delete;
+    PlatformScope& operator=(const PlatformScope&) = delete;
+    ~PlatformScope() {
+        Platform::SetDocumentNameOfThread(nullptr);
+        Platform::SetSystemSecondsOfThread(std::nullopt);
+    }
 };
 
 // All that lives from a job's first call to its last.
 class JobRun {
 public:
     explicit JobRun(const JobSettings& settings)
-        : Bag(std::make_shared<MemoryPipelineBag>(InitialProperties(settings))),
-          documentName_(settings.DocumentName) {
+        : Bag(std::make_shared<MemoryPipelineBag>(InitialProperties(settings))), settings_(settings) {
         if (settings.Tables) tables_.emplace(*settings.Tables);
         if (settings.Snapshot) snapshot_ = DeviceSpecificModule::CreatePTConverterClassPointer();
     }
@@ -80,7 +84,7 @@ public:
         const Platform::TicketDocument ticket = LoadTicket(*call.Source);
         CallResult result{number, call, 0, {}, ticket->xml(), {}, Bag->Properties()};
         try {
-            const DocumentNameScope named(documentName_);
+            const PlatformScope scope(settings_);
             const OptionTables* tables = tables_ ? tables_->Record() : nullptr;
             result.Status = DeviceSpecificModule::ProcessDrvPT(Bag, ticket, call.Level, tables, snapshot_);
         } catch (const std::exception&) {
@@ -93,7 +97,7 @@ public:
     const std::shared_ptr<MemoryPipelineBag> Bag;
 
 private:
-    std::optional<Platform::WideText> documentName_;
+    const JobSettings& settings_;
     std::optional<OptionTableSet> tables_;
     DeviceSpecificModule::PTConverter* snapshot_ = nullptr;
 };

@@ -7,7 +7,15 @@
 
 namespace Platform {
 
-std::int64_t GetSystemSeconds() { return time(nullptr); }
+namespace {
+
+constinit thread_local std::optional<std::int64_t> secondsOfThread;
+
+}  // namespace
+
+void SetSystemSecondsOfThread(std::optional<std::int64_t> seconds) { secondsOfThread = seconds; }
+
+std::int64_t GetSystemSeconds() { return secondsOfThread ? *secondsOfThread : time(nullptr); }
 
 bool ToLocalTime(std::int64_t seconds, LocalTime& time) {
     const time_t moment = seconds;

@@ -92,7 +92,7 @@ Message Ask(const Cups& cups, ipp_t* request) {
     }
 }
 
-thread_local WideText nameOfThread;
+constinit thread_local const WideText* nameOfThread = nullptr;
 
 std::optional<WideText> AskForFirstDocument(const std::string& queue) {
     const Cups* const cups = FindCups();
@@ -112,12 +112,12 @@ std::optional<WideText> AskForFirstDocument(const std::string& queue) {
 
 }  // namespace
 
-void SetDocumentNameOfThread(const WideText& name) { nameOfThread = name; }
+void SetDocumentNameOfThread(const WideText* name) { nameOfThread = name; }
 
 bool GetFirstDocumentName(const WideText& queue, WideText& name) {
     static AnswerBook<std::string, std::optional<WideText>> answers;
-    if (!nameOfThread.IsNull()) {
-        name = nameOfThread;
+    if (nameOfThread != nullptr) {
+        name = *nameOfThread;
         return true;
     }
     std::string queueName;
