@@ -13,7 +13,8 @@ namespace {
 
 constexpr int inputStatus = 2;
 
-constexpr AddVerb verbs[] = {AddConvertVerb, AddExplainVerb, AddCheckVerb, AddTablesVerb, AddPassphraseVerb};
+constexpr AddVerb verbs[] = {AddConvertVerb, AddExplainVerb, AddDiffVerb,
+                             AddCheckVerb,   AddTablesVerb,  AddPassphraseVerb};
 
 }  // namespace
 

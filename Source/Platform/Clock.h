@@ -21,7 +21,7 @@ struct LocalTime {
 // Whole seconds since 1 January 1970, UTC.
 PLATFORM_API std::int64_t GetSystemSeconds();
 
-// From here on GetSystemSeconds gives the calling thread this moment; nothing ends that. For hosts that hold
+// From here on GetSystemSeconds gives the calling thread this moment; nullopt ends that. For hosts that hold
 // one conversion against another.
 PLATFORM_API void SetSystemSecondsOfThread(std::optional<std::int64_t> seconds);
 

@@ -136,9 +136,9 @@ JsonWriter::JsonWriter(std::ostream& out) : out_(out) {
 
 // The JSON library passes on, as JSON may, DEL and what acts on the display beyond ASCII. All of it is within
 // a text, where it may as well stand as an escape.
-void JsonWriter::Write(const std::string& text) {
+void JsonWriter::Write(const Json::Value& value) {
     std::ostringstream written;
-    writer_->write(text, &written);
+    writer_->write(value, &written);
     const std::string_view bytes = written.view();
     std::size_t sent = 0;
     for (std::size_t at = 0; at < bytes.size();) {

@@ -21,8 +21,9 @@ Json::Value ReadJson(const std::string& file, std::string_view bytes);
 class JsonWriter {
 public:
     explicit JsonWriter(std::ostream& out);
-    void Write(const std::string& text);
+    void Write(const std::string& text) { Write(Json::Value(text)); }
     void Write(const Platform::WideText& text);  // null for a null one
+    void Write(const Json::Value& value);        // in one line
 
 private:
     std::ostream& out_;

@@ -92,6 +92,10 @@ void AddJobOptions(CLI::App& verb, JobOptions& options) {
             "A job ticket (XML), a manifest of several calls (JSON) or an XPS or OpenXPS package, told "
             "by what they hold; - reads it from the standard input")
         ->required();
+    AddJobChanges(verb, options);
+}
+
+void AddJobChanges(CLI::App& verb, JobOptions& options) {
     AddProperties(verb, "--pipeline", options.Pipeline, "Set a property of the pipeline; may be repeated");
     AddProperties(verb, "--driver", options.Driver, "Set a property of the driver; may be repeated");
     AddProperties(
@@ -101,16 +105,20 @@ void AddJobOptions(CLI::App& verb, JobOptions& options) {
     AddWhatIfOptions(verb, options.WhatIf);
 }
 
-Job ReadJob(const JobOptions& options) {
+void ApplyJobOptions(const JobOptions& options, Job& job) {
     JobSettings given;
     SetPipelineProperties(options.Pipeline, given.Pipeline);
     SetPrinterProperties("--driver", Bag::Driver, options.Driver, given.Driver);
     SetPrinterProperties("--queue", Bag::Queue, options.Queue, given.Queue);
-    Job job = ReadJob(options.File);
     for (auto& [name, value] : given.Pipeline) job.Settings.Pipeline[name] = value;
     for (auto& [name, value] : given.Driver) job.Settings.Driver[name] = value;
     for (auto& [name, value] : given.Queue) job.Settings.Queue[name] = value;
     ApplyWhatIf(options.WhatIf, job);
+}
+
+Job ReadJob(const JobOptions& options) {
+    Job job = ReadJob(options.File);
+    ApplyJobOptions(options, job);
     return job;
 }
 

@@ -19,6 +19,12 @@ struct JobOptions {
 // Adds them to a verb. The options must live until the command line is read.
 void AddJobOptions(CLI::App& verb, JobOptions& options);
 
+// The same without the job's file.
+void AddJobChanges(CLI::App& verb, JobOptions& options);
+
+// Makes a job what the options say of it. Throws InputError.
+void ApplyJobOptions(const JobOptions& options, Job& job);
+
 // The job as these options make it. Throws InputError.
 Job ReadJob(const JobOptions& options);
 

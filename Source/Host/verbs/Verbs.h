@@ -13,6 +13,7 @@ using Action = std::function<int()>;
 // words to choose from is an AddChoice (ChoiceOptions.h).
 void AddConvertVerb(CLI::App& app, Action& action);
 void AddExplainVerb(CLI::App& app, Action& action);
+void AddDiffVerb(CLI::App& app, Action& action);
 void AddCheckVerb(CLI::App& app, Action& action);
 void AddTablesVerb(CLI::App& app, Action& action);
 void AddPassphraseVerb(CLI::App& app, Action& action);
