@@ -71,7 +71,7 @@ figcaption dd { margin: 0; overflow-wrap: anywhere; }
 .number { fill: var(--ink); font-family: var(--text); text-anchor: middle; font-variant-numeric: tabular-nums; }
 
 .lines { list-style: none; font-size: .8125rem; counter-reset: line; border-block: 1px solid var(--rule); padding-block: .375rem; }
-.lines > li { counter-increment: line; display: flex; gap: 1rem; padding: .0625rem .25rem; }
+.lines > li { counter-increment: line; display: flex; gap: 0 1rem; padding: .0625rem .25rem; }
 .lines > li::before { content: counter(line); flex: 0 0 2.25rem; text-align: right; color: var(--quiet);
   font-size: .75rem; line-height: 1.25rem; font-variant-numeric: tabular-nums; }
 .lines > .page { margin-top: .5rem; }
@@ -115,7 +115,7 @@ del { color: var(--bad); text-decoration: none; }
   h2 { margin-top: 2rem; }
   .sheets > .broad { grid-column: auto; }
   .calls > details > div { padding-left: .25rem; }
-  .lines > li { gap: .5rem; }
+  .lines > li { gap: 0 .5rem; }
   .by { max-width: 30%; }
   .why { left: 0; max-width: 100%; }
   .lines > li::before { flex-basis: 1.5rem; }
