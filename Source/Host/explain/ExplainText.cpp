@@ -12,19 +12,6 @@ namespace {
 constexpr const char* labelsOfLines[] = {"error", "PJL", "data", "properties", "ticket"};
 constexpr std::size_t longestText = 160;  // characters of a property or an edit
 
-// "calls 1, 3 to 9", from numbers that grow.
-std::string NameCalls(const std::vector<std::size_t>& numbers) {
-    std::string text = numbers.size() == 1 ? "call " : "calls ";
-    for (std::size_t at = 0; at < numbers.size();) {
-        std::size_t end = at + 1;
-        while (end < numbers.size() && numbers[end] == numbers[end - 1] + 1) ++end;
-        text += (at == 0 ? "" : ", ") + std::to_string(numbers[at]);
-        if (end - at > 1) text += (end - at > 2 ? " to " : ", ") + std::to_string(numbers[end - 1]);
-        at = end;
-    }
-    return text;
-}
-
 class TextExplanation {
 public:
     TextExplanation(std::ostream& out, const Explanation& explanation, bool colour)

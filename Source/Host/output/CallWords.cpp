@@ -31,4 +31,16 @@ bool IsPageMarker(std::string_view line) {
            line.find_first_not_of("0123456789", beginning.size()) == line.npos;
 }
 
+std::string NameCalls(const std::vector<std::size_t>& numbers) {
+    std::string text = numbers.size() == 1 ? "call " : "calls ";
+    for (std::size_t at = 0; at < numbers.size();) {
+        std::size_t end = at + 1;
+        while (end < numbers.size() && numbers[end] == numbers[end - 1] + 1) ++end;
+        text += (at == 0 ? "" : ", ") + std::to_string(numbers[at]);
+        if (end - at > 1) text += (end - at > 2 ? " to " : ", ") + std::to_string(numbers[end - 1]);
+        at = end;
+    }
+    return text;
+}
+
 }  // namespace TicketHost

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "Host/ground/Texts.h"
+#include "Host/output/CallWords.h"
 #include "Host/report/ReportWords.h"
 
 namespace TicketHost {
@@ -27,17 +28,6 @@ HtmlPlace TargetOf(std::size_t item) { return {"item", item + 1}; }
 
 bool HasKind(const ExplainedCall& call, LineKind kind) {
     return std::ranges::find(call.Lines, kind, &ExplainedLine::Kind) != call.Lines.end();
-}
-
-// "calls 1, 3 to 9", of numbers that grow.
-std::string NameCalls(const Indices& numbers) {
-    std::string text = numbers.size() == 1 ? "call " : "calls ";
-    for (std::size_t at = 0, end = 0; at < numbers.size(); at = end) {
-        for (end = at + 1; end < numbers.size() && numbers[end] == numbers[end - 1] + 1;) ++end;
-        text += (at == 0 ? "" : ", ") + std::to_string(numbers[at]);
-        if (end - at > 1) text += " to " + std::to_string(numbers[end - 1]);
-    }
-    return text;
 }
 
 }  // namespace

@@ -176,6 +176,7 @@ void Comparison::Compare(const Pair& pair, const std::string& subject) {
 }
 
 constexpr std::size_t longestText = 120;  // characters
+constexpr std::size_t longestAside = 60;
 
 // Two texts that are long begin a little ahead of where they begin to differ.
 void CutFront(std::string& before, std::string& after) {
@@ -190,7 +191,7 @@ void CutFront(std::string& before, std::string& after) {
 }
 
 std::string InBrackets(const std::string& text) {
-    return text.empty() ? "" : " (" + Shortened(text, longestText) + ")";
+    return text.empty() ? "" : " (" + Shortened(text, longestAside) + ")";
 }
 
 }  // namespace

@@ -35,8 +35,8 @@ std::vector<TicketChange> CompareTickets(const Platform::XmlElement& before,
 // The same of two texts. A document that can't be read is a change of its own.
 std::vector<TicketChange> CompareTickets(const Platform::WideText& before, const Platform::WideText& after);
 
-// "PageMediaSize: ISOA4 -> Custom 148.512 x 105 mm", "PageOutputQuality (Normal) is gone". Texts of more than
-// 120 characters are cut, two of one line around their first difference.
+// "PageMediaSize: ISOA4 -> Custom 148.512 x 105 mm", "PageOutputQuality (Normal) is gone". Of what is new or
+// gone 60 characters are shown, of two texts that differ 120 each, around their first difference.
 std::string LineOf(const TicketChange& change);
 
 }  // namespace TicketHost
