@@ -48,9 +48,10 @@ TEST_F(PassphraseFile, IsCheckedAsATextIs) {
         {" " + abc, 2, noStored},
         {"", 2, noStored},
     };
+    Write("given.txt", "abc");
     for (const auto& [stored, status, shown] : rows) {
         Write("stored.txt", stored);
-        const Outcome outcome = RunShell("printf abc | \"$TOOL\" passphrase --check-file stored.txt");
+        const Outcome outcome = RunShell("\"$TOOL\" passphrase --check-file stored.txt <given.txt");
         EXPECT_EQ(outcome.Output + outcome.Errors, shown) << stored;
         EXPECT_EQ(outcome.Status, status) << stored;
     }
