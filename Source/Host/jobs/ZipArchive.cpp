@@ -43,7 +43,7 @@ ZipArchive::ZipArchive(std::string name, FileHandle file) : name_(std::move(name
     ZipError error;
     source_.reset(zip_source_filep_create(file.get(), 0, -1, &error.Value), zip_source_free);
     if (!source_) throw InputError(name_, zip_error_strerror(&error.Value));
-    file.release();  // the source closes it
+    static_cast<void>(file.release());  // the source closes it
     Open();
 }
 

@@ -59,7 +59,7 @@ void RewriteArchive(const ZipArchive& archive, const std::vector<Replacement>& r
     for (const Replacement& replacement : replacements)
         if (!Replace(copy.get(), replacement)) Fail(name, zip_get_error(copy.get()));
     if (zip_close(copy.get()) != 0) Fail(name, zip_get_error(copy.get()));
-    copy.release();  // closed
+    static_cast<void>(copy.release());  // closed
 }
 
 }  // namespace TicketHost
