@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
-#include <ranges>
 
 #include "Host/ground/Errors.h"
 #include "Host/jobs/EditedTickets.h"
@@ -31,9 +30,9 @@ struct Place {
 // The groups are looked through in their order, and of a group the series that is merged last.
 Place FindSetting(const std::vector<TicketSettings>& all, const std::string& name) {
     for (const char* group : SettingsGroups)
-        for (const TicketSettings& settings : std::views::reverse(all))
-            if (const Json::Value* member = FindMember(settings.Values, group, name))
-                return {settings.Series, group, member};
+        for (auto settings = all.rbegin(); settings != all.rend(); ++settings)
+            if (const Json::Value* member = FindMember(settings->Values, group, name))
+                return {settings->Series, group, member};
     return {};
 }
 
