@@ -18,6 +18,7 @@ constexpr std::size_t mostFailures = 50;  // that the top of the page names
 
 std::vector<std::string> TextsOf(const std::vector<DataLine>& lines) {
     std::vector<std::string> texts;
+    texts.reserve(lines.size());
     for (const DataLine& line : lines) texts.push_back(line.Text);
     return texts;
 }
