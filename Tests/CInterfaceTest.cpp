@@ -276,6 +276,7 @@ TEST(CInterface, ConvertsAlikeWithBagsOfTheHostsOwn) {
     bags[DSM_DRIVER].Put("CommandMap_S1", "{}");
     OwnBag::Set(&bags[DSM_QUEUE], "encryptionPassphrase_Flag", &flag);
     CHost own;
+    own.Set(DSM_PIPELINE, "Series", "goes with the bag in memory");
     for (std::int32_t bag = DSM_PIPELINE; bag <= DSM_QUEUE; ++bag) {
         const DsmBag functions = {&bags[bag], OwnBag::Get, OwnBag::Set};
         ASSERT_EQ(DsmUseBag(own.Job, bag, &functions, nullptr), DSM_OK);
