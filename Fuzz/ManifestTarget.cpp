@@ -2,6 +2,7 @@
 #include <filesystem>
 
 #include "Contract.h"
+#include "Host/check/JobChecks.h"
 #include "Host/ground/Errors.h"
 #include "Host/jobs/Job.h"
 #include "Host/jobs/Manifest.h"
@@ -43,6 +44,22 @@ void RunCalls(const Manifest& manifest, std::size_t inputSize) {
     }
 }
 
+// Whatever a job says, it can be checked, and each finding is a sentence about a place.
+void RunCheck(const Manifest& manifest) {
+    TicketHost::Job job{"job.json", manifest.Settings, {}};
+    job.Settings.Pipeline.erase(u"UserSecurityToken");
+    for (const TicketHost::ManifestCall& call : manifest.Calls) {
+        if (!call.IsInline() || job.Calls.size() == mostCalls) continue;
+        Platform::ParseError error;
+        TicketHost::Ticket ticket{"inline ticket", Wide(call.Ticket)};
+        if (Platform::LoadTicketDocument(Wide(call.Ticket), error))
+            job.Calls.push_back({call.Level, std::make_shared<TicketHost::Ticket>(std::move(ticket))});
+    }
+    for (const TicketHost::Finding& finding : TicketHost::CheckJob(job))
+        Require(!finding.Text.empty() && !finding.Place.empty() && finding.File == job.Name,
+                "a finding says what and where", finding.Text);
+}
+
 bool IsTable(const std::string& name) {
     return std::ranges::find(TicketHost::OptionTableNames, name) != TicketHost::OptionTableNames.end();
 }
@@ -66,6 +83,7 @@ void RunManifest(std::string_view input) {
         Require(!call.Ticket.empty() && (call.IsInline() || call.Ticket.find('\0') == call.Ticket.npos),
                 "a call has its ticket");
     RunCalls(manifest, input.size());
+    RunCheck(manifest);
 }
 
 }  // namespace Fuzz

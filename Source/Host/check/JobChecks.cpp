@@ -33,9 +33,13 @@ std::string PlaceOf(std::size_t index) { return "calls[" + std::to_string(index)
 
 bool IsInline(const Ticket& ticket) { return ticket.Name == "inline ticket"; }
 
-std::optional<Platform::XmlElement> ReadRoot(const Ticket& ticket) {
+std::optional<TicketContent> Read(const Ticket& ticket) {
     Platform::ParseError error;
-    return std::visit([&](const auto& content) { return Platform::ReadXml(content, error); }, ticket.Content);
+    const auto read = [&error](const auto& content) { return Platform::ReadXml(content, error); };
+    auto root = std::visit(read, ticket.Content);
+    if (!root) return std::nullopt;
+    std::vector<TicketItem> items = ItemsOf(*root);
+    return TicketContent{std::move(*root), std::move(items)};
 }
 
 class JobChecker {
@@ -104,13 +108,13 @@ void JobChecker::CheckPassword() {
 
 void JobChecker::CheckTicketOf(const Call& call, std::size_t index, Level level, Findings& findings) {
     const bool isInline = IsInline(*call.Source);
-    const auto root = ReadRoot(*call.Source);
-    if (!root) return;
+    const auto ticket = Read(*call.Source);
+    if (!ticket) return;
     const std::size_t before = findings.size();
     TicketReport report(isInline ? job_.Name : call.Source->Name, isInline ? PlaceOf(index) + ".ticket" : "",
                         findings);
-    CheckSettings(*root, level, state_, report);
-    CheckTicket(*root, level, state_, report);
+    CheckSettings(*ticket, level, state_, report);
+    CheckTicket(*ticket, level, state_, report);
     std::ranges::stable_sort(findings.begin() + static_cast<std::ptrdiff_t>(before), findings.end(), {},
                              &Finding::Line);
 }

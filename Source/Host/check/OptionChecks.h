@@ -7,7 +7,6 @@
 namespace TicketHost {
 
 struct CheckedTicket {
-    const Platform::XmlElement& Root;
     const std::vector<TicketItem>& Items;
     Level At;
     JobState& Job;

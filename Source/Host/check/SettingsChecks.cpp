@@ -12,8 +12,6 @@
 namespace TicketHost {
 namespace {
 
-using Platform::XmlElement;
-
 constexpr std::int64_t mostPieces = 1000;  // that three digits can name
 constexpr std::size_t mostNamed = 5;
 constexpr const char* throws = "the conversion throws";
@@ -114,8 +112,8 @@ struct Member {
 
 class SettingsChecker {
 public:
-    SettingsChecker(const XmlElement& root, JobState& job, TicketReport& report)
-        : all_(ReadSettings(root)), items_(ItemsOf(root)), job_(job), report_(report) {}
+    SettingsChecker(const TicketContent& ticket, JobState& job, TicketReport& report)
+        : all_(ReadSettings(ticket.Root)), items_(ticket.Items), job_(job), report_(report) {}
 
     void Check();
 
@@ -130,7 +128,7 @@ private:
     int LineOf(const std::string& name) const;
 
     std::vector<TicketSettings> all_;
-    std::vector<TicketItem> items_;
+    const std::vector<TicketItem>& items_;
     JobState& job_;
     TicketReport& report_;
     std::map<std::string, std::vector<Member>> members_;
@@ -276,11 +274,10 @@ void SettingsChecker::Check() {
 
 }  // namespace
 
-void CheckSettings(const XmlElement& root, Level level, JobState& job, TicketReport& report) {
-    if (level == AtJob) return SettingsChecker(root, job, report).Check();
-    const std::vector<TicketItem> items = ItemsOf(root);
+void CheckSettings(const TicketContent& ticket, Level level, JobState& job, TicketReport& report) {
+    if (level == AtJob) return SettingsChecker(ticket, job, report).Check();
     for (const SettingsSeries& series : AllSettingsSeries)
-        if (const auto pieces = PiecesOf(items, series); !pieces.empty())
+        if (const auto pieces = PiecesOf(ticket.Items, series); !pieces.empty())
             report.Warn(
                 pieces.front()->Line,
                 "the settings in this ticket count for nothing: only those of the job's ticket are read");

@@ -5,6 +5,6 @@
 namespace TicketHost {
 
 // Checks the user's settings that a ticket carries, and adds those of a job ticket to the state.
-void CheckSettings(const Platform::XmlElement& root, Level level, JobState& job, TicketReport& report);
+void CheckSettings(const TicketContent& ticket, Level level, JobState& job, TicketReport& report);
 
 }  // namespace TicketHost

@@ -82,8 +82,8 @@ const ItemRow* FindRow(const TicketItem& item, bool byPrefix) {
 
 class TicketChecker {
 public:
-    TicketChecker(const XmlElement& root, Level level, JobState& job, TicketReport& report)
-        : root_(root), level_(level), job_(job), report_(report), items_(ItemsOf(root)) {}
+    TicketChecker(const TicketContent& ticket, Level level, JobState& job, TicketReport& report)
+        : root_(ticket.Root), items_(ticket.Items), level_(level), job_(job), report_(report) {}
 
     void Check();
 
@@ -99,10 +99,10 @@ private:
     void WriteNothings();
 
     const XmlElement& root_;
+    const std::vector<TicketItem>& items_;
     Level level_;
     JobState& job_;
     TicketReport& report_;
-    std::vector<TicketItem> items_;
     std::set<std::tuple<ItemKind, std::string, std::string>> seen_;
     std::map<unsigned, Nothings> otherLevels_;  // by the levels at which they count
     Nothings published_, parts_;
@@ -224,8 +224,7 @@ void TicketChecker::CheckKnown(const TicketItem& item, const XmlElement& element
 }
 
 void TicketChecker::CheckValue(const TicketItem& item, const ItemRow& row) {
-    if (item.Kind == ItemKind::Feature)
-        return CheckOptions({root_, items_, level_, job_}, item, row, report_);
+    if (item.Kind == ItemKind::Feature) return CheckOptions({items_, level_, job_}, item, row, report_);
     if (const auto fault = FaultOf(row.Allowed, item.Value))
         report_.Warn(item.Line, "value " + Quoted(item.Value) + " of " + item.Name + " " + fault->Text,
                      fault->Hint);
@@ -303,9 +302,9 @@ std::string JobState::Setting(std::string_view name) const {
     return "";
 }
 
-void CheckTicket(const XmlElement& root, Level level, JobState& job, TicketReport& report) {
-    if (!IsPrintTicket(root)) return SayWhatElse(root, report);
-    TicketChecker(root, level, job, report).Check();
+void CheckTicket(const TicketContent& ticket, Level level, JobState& job, TicketReport& report) {
+    if (!IsPrintTicket(ticket.Root)) return SayWhatElse(ticket.Root, report);
+    TicketChecker(ticket, level, job, report).Check();
 }
 
 }  // namespace TicketHost

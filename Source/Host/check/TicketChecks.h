@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "Host/check/Findings.h"
 #include "Host/check/Vocabulary.h"
@@ -21,7 +22,13 @@ struct JobState {
     std::string Setting(std::string_view name) const;
 };
 
+// A ticket, read once for all checks of it.
+struct TicketContent {
+    Platform::XmlElement Root;
+    std::vector<TicketItem> Items;  // of the root
+};
+
 // Checks a ticket for a level of conversion. A job ticket's settings are those of the state already.
-void CheckTicket(const Platform::XmlElement& root, Level level, JobState& job, TicketReport& report);
+void CheckTicket(const TicketContent& ticket, Level level, JobState& job, TicketReport& report);
 
 }  // namespace TicketHost
