@@ -21,8 +21,8 @@ namespace Platform {
 PLATFORM_API bool GetFirstDocumentName(const WideText& queue, WideText& name);
 
 // From here on GetFirstDocumentName gives the calling thread this name, whatever the queue, and asks nobody;
-// null ends that. The name isn't copied and must live until then. For hosts that try what a job would be under
-// another name, on no queue at all.
+// null ends that. The name isn't copied and must live until then. For hosts that try what a job would be
+// under another name, on no queue at all.
 PLATFORM_API void SetDocumentNameOfThread(const WideText* name);
 
 }  // namespace Platform

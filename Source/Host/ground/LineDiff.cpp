@@ -50,7 +50,7 @@ std::vector<LineEdit> Replace(Lines before, Lines after) {
 }  // namespace
 
 std::vector<LineEdit> DiffLines(const std::vector<std::string>& before,
-                                  const std::vector<std::string>& after) {
+                                const std::vector<std::string>& after) {
     Lines goes = before, comes = after;
     CutSharedEnds(goes, comes);
     if (goes.empty() || comes.empty() || goes.size() > mostPairs / comes.size()) return Replace(goes, comes);

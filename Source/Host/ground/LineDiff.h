@@ -17,6 +17,6 @@ struct LineEdit {
 // 4 million pairs of lines, without those that both share at their ends, all goes and all comes: finding less
 // would take long.
 std::vector<LineEdit> DiffLines(const std::vector<std::string>& before,
-                                  const std::vector<std::string>& after);
+                                const std::vector<std::string>& after);
 
 }  // namespace TicketHost
