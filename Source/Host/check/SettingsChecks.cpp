@@ -191,7 +191,7 @@ void SettingsChecker::CheckHidden(const std::string& name, const Member& member)
     for (const Member& earlier : members_[name]) {
         if (*earlier.Value == *member.Value) continue;
         const bool isText = std::string_view(member.Group) == SettingsGroups[0];
-        if (earlier.Group == member.Group)
+        if (std::string_view(earlier.Group) == member.Group)
             report_.Warn(earlier.Line, "setting " + name + " of the " + std::string(earlier.Series->Scope) +
                                            " settings counts for nothing: the " +
                                            std::string(member.Series->Scope) + " settings have it, too");

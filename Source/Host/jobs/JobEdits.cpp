@@ -62,8 +62,8 @@ bool PutSetting(const OpenTicket& ticket, const SettingEdit& edit) {
     Json::Value values = ValuesOf(all, *place.Series);
     if (!IsObjectOrNull(values) || (values.isObject() && !IsObjectOrNull(values[place.Group])))
         throw InputError(ticket.Name, "its settings are no object of objects");
-    const bool isNumber =
-        place.Member != nullptr && place.Member->isNumeric() && place.Group != SettingsGroups.front();
+    const bool isNumber = place.Member != nullptr && place.Member->isNumeric() &&
+                          std::string_view(place.Group) != SettingsGroups.front();
     values[place.Group][edit.Name] = isNumber ? NumberOrText(*edit.Value) : Json::Value(*edit.Value);
     if (!PutSettings(*ticket.Document, ticket.Root, *place.Series, values))
         throw InputError(ticket.Name + " takes no settings");

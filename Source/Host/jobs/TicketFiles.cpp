@@ -22,8 +22,12 @@ std::shared_ptr<const Ticket> TicketFiles::Read(const fs::path& file) {
     std::shared_ptr<const Ticket>& ticket = tickets_[file];
     if (ticket) return ticket;
     const Place place = FindPackage(file);
-    ticket = place.Source ? ReadPackageTicket(*place.Source, place.Part)
-                          : MakeTicket({file.string(), ReadFile(file)}, file.string());
+    if (place.Source) {
+        ticket = ReadPackageTicket(*place.Source, place.Part);
+    } else {
+        std::string bytes = ReadFile(file);
+        ticket = MakeTicket({file.string(), std::move(bytes)}, file.string());
+    }
     return ticket;
 }
 

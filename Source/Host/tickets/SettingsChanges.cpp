@@ -82,7 +82,8 @@ void AddSeries(const SettingsSeries& series, const TicketSettings& before, const
     const std::string scope = isJobs ? "" : " of the " + std::string(series.Scope);
     Json::Value was = before.Values, is = after.Values;
     for (const char* group : SettingsGroups) {
-        const std::string where = group == SettingsGroups[0] ? scope : " in " + std::string(group) + scope;
+        const std::string where =
+            std::string_view(group) == SettingsGroups[0] ? scope : " in " + std::string(group) + scope;
         const Json::Value membersBefore = TakeGroup(was, group), membersAfter = TakeGroup(is, group);
         AddMembers(membersBefore, membersAfter, where, changes);
     }
