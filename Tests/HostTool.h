@@ -29,7 +29,8 @@ protected:
     std::string Read(const std::string& name) const;
 
     // A shell's line in the folder, where $TOOL is the tool. The output goes to a file of the folder, or "&3"
-    // and the like. Ends after a minute, and whatever it starts after ten seconds of computing.
+    // and the like. Ends after a minute, and whatever it starts after ten seconds of computing,
+    // both longer under a sanitizer.
     Outcome RunShell(const std::string& line, const std::string& output = "output");
     // The tool with these arguments, quoted for a shell.
     Outcome Run(const std::string& arguments, const std::string& output = "output");
