@@ -29,7 +29,13 @@ Level LevelOf(const Call& call) {
     return call.Level == JobLevel ? AtJob : call.Level == DocumentLevel ? AtDocument : AtPage;
 }
 
-std::string PlaceOf(std::size_t index) { return "calls[" + std::to_string(index) + "]"; }
+std::string ElementPlace(const std::string& list, std::size_t index) {
+    return list + "[" + std::to_string(index) + "]";
+}
+
+std::string MemberPlace(const std::string& object, const std::string& name) { return object + "." + name; }
+
+std::string PlaceOf(std::size_t call) { return ElementPlace("calls", call); }
 
 bool IsInline(const Ticket& ticket) { return ticket.Name == "inline ticket"; }
 
@@ -146,10 +152,10 @@ std::map<std::string, std::ptrdiff_t> PlacesOf(const Json::Value& manifest) {
         places[key] = value.getOffsetStart();
         if (value.isObject())
             for (const std::string& name : value.getMemberNames())
-                places[key + "." + name] = value[name].getOffsetStart();
+                places[MemberPlace(key, name)] = value[name].getOffsetStart();
         if (value.isArray())
             for (Json::ArrayIndex at = 0; at < value.size(); ++at)
-                places[key + "[" + std::to_string(at) + "]"] = value[at].getOffsetStart();
+                places[ElementPlace(key, at)] = value[at].getOffsetStart();
     }
     return places;
 }

@@ -43,7 +43,7 @@ private:
     std::size_t Add(SourceItem item, ItemPlace place);
     void AddItem(const TicketItem& item, std::size_t parent, const std::string& labelOfParent);
     void AddSeries(std::size_t series);
-    void AddSetting(ItemPlace place, std::size_t parent, const Json::Value& value);
+    void AddSetting(const ItemPlace& place, std::size_t parent, const Json::Value& value);
     void AddPageEntries(const ItemPlace& setting, std::size_t parent, const Json::Value& value);
     int LineOf(const TicketSettings& settings, std::ptrdiff_t byte) const;
 
@@ -103,7 +103,7 @@ void TicketLister::AddSeries(std::size_t series) {
     }
 }
 
-void TicketLister::AddSetting(ItemPlace place, std::size_t parent, const Json::Value& value) {
+void TicketLister::AddSetting(const ItemPlace& place, std::size_t parent, const Json::Value& value) {
     const TicketSettings& settings = source_.Settings[place.Series];
     SourceItem source{SourceKind::Setting, Visible(place.Member), Visible(TextOf(value))};
     const std::string where = " (" + std::string(settings.Series->Scope) + " " + place.Group + ")";

@@ -6,20 +6,20 @@ namespace TicketHost {
 namespace {
 
 constexpr KnownProperty knownProperties[] = {
-    {Bag::Pipeline, "Series", PropertyType::Text},
-    {Bag::Pipeline, "DriverPropertyBag", PropertyType::Other},
-    {Bag::Pipeline, "QueuePropertyBag", PropertyType::Other},
-    {Bag::Pipeline, "UserSecurityToken", PropertyType::Other},
-    {Bag::Pipeline, "PrinterName", PropertyType::Text},
-    {Bag::Pipeline, "EncryptionID", PropertyType::Text},
-    {Bag::Pipeline, "PAPER_SIZE", PropertyType::Text},
-    {Bag::Pipeline, "CUSTOM_PAPER_SIZE_WIDTH", PropertyType::Text},
-    {Bag::Pipeline, "CUSTOM_PAPER_SIZE_HEIGHT", PropertyType::Text},
-    {Bag::Pipeline, "PageOrientation", PropertyType::Text},
-    {Bag::Pipeline, "JobDuplexAllDocumentsContiguously", PropertyType::Text},
-    {Bag::Driver, "CommandMap_", PropertyType::Text},
-    {Bag::Queue, "encryptionPassphrase", PropertyType::Text},
-    {Bag::Queue, "encryptionPassphrase_Flag", PropertyType::Number},
+    {"Series", Bag::Pipeline, PropertyType::Text},
+    {"DriverPropertyBag", Bag::Pipeline, PropertyType::Other},
+    {"QueuePropertyBag", Bag::Pipeline, PropertyType::Other},
+    {"UserSecurityToken", Bag::Pipeline, PropertyType::Other},
+    {"PrinterName", Bag::Pipeline, PropertyType::Text},
+    {"EncryptionID", Bag::Pipeline, PropertyType::Text},
+    {"PAPER_SIZE", Bag::Pipeline, PropertyType::Text},
+    {"CUSTOM_PAPER_SIZE_WIDTH", Bag::Pipeline, PropertyType::Text},
+    {"CUSTOM_PAPER_SIZE_HEIGHT", Bag::Pipeline, PropertyType::Text},
+    {"PageOrientation", Bag::Pipeline, PropertyType::Text},
+    {"JobDuplexAllDocumentsContiguously", Bag::Pipeline, PropertyType::Text},
+    {"CommandMap_", Bag::Driver, PropertyType::Text},
+    {"encryptionPassphrase", Bag::Queue, PropertyType::Text},
+    {"encryptionPassphrase_Flag", Bag::Queue, PropertyType::Number},
 };
 
 }  // namespace

@@ -12,8 +12,8 @@ enum class PropertyType { Text, Number, Other };
 
 // A property that the module reads, and what its value must be to count.
 struct KnownProperty {
-    Bag In;
     std::string_view Name;  // in the driver's bag with the series behind it, which the pipeline names
+    Bag In;
     PropertyType Type;
 };
 std::span<const KnownProperty> KnownProperties();

@@ -107,7 +107,7 @@ std::pair<std::string, std::string> ShownNames(const std::string& before, const 
 }
 
 std::string Summary(const TicketItem& item, const TicketItem& root) {
-    const std::string text = Head(item, root);
+    std::string text = Head(item, root);
     const TicketItem* chosen = item.Kind == ItemKind::Feature ? ChosenOption(item) : nullptr;
     std::string rest;
     for (const TicketItem& inner : item.Items) {

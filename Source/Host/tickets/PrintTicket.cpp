@@ -85,6 +85,10 @@ void AddAttributes(const XmlElement& element, const std::string& place, bool isN
     }
 }
 
+std::string PlaceBelow(const std::string& place, const Platform::XmlName& name, std::size_t number) {
+    return place + "/" + WithNamespace(name.Namespace, name.Local) + "[" + std::to_string(number) + "]";
+}
+
 // A psf:Value or psf:ParameterRef, or what stands in one; `text` is what its item doesn't hold of its text.
 void AddPart(const XmlElement& element, const std::string& place, const std::string& text, Scope& scope,
              TicketItem& owner) {
@@ -94,8 +98,7 @@ void AddPart(const XmlElement& element, const std::string& place, const std::str
     AddAttributes(element, place, isReference, scope, owner);
     for (std::size_t at = 0; at < element.Children.size(); ++at) {
         const XmlElement& child = element.Children[at];
-        const std::string name = WithNamespace(child.Name.Namespace, child.Name.Local);
-        AddPart(child, place + "/" + name + "[" + std::to_string(at + 1) + "]", child.Text, scope, owner);
+        AddPart(child, PlaceBelow(place, child.Name, at + 1), child.Text, scope, owner);
     }
     scope.resize(scope.size() - element.Namespaces.size());
 }
@@ -124,7 +127,7 @@ TicketItem ItemOf(const XmlElement& element, std::string path, Scope& scope) {
     return item;
 }
 
-std::string Numbered(std::string name, std::size_t number) {
+std::string Numbered(const std::string& name, std::size_t number) {
     return number > 1 ? name + "[" + std::to_string(number) + "]" : name;
 }
 
