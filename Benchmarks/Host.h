@@ -6,11 +6,13 @@
 #include <string_view>
 
 #include "Host/jobs/OptionTableSet.h"
-#include "Platform/MemoryBags.h"
-#include "Platform/TicketDocument.h"
-#include "conversion/DeviceSpecificModule.h"
+#include "devicespecific/DeviceSpecificModule.h"
+#include "devicespecific/platform/MemoryBags.h"
+#include "devicespecific/platform/TicketDocument.h"
 
 namespace Benchmarks {
+
+namespace Platform = DeviceSpecificModule::Platform;
 
 // Throws when the module refuses the ticket.
 Platform::TicketDocument Load(const std::string& ticket);

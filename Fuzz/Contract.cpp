@@ -7,8 +7,8 @@
 #include <functional>
 #include <stdexcept>
 
-#include "Platform/CodePages.h"
-#include "Platform/ResultError.h"
+#include "devicespecific/platform/CodePages.h"
+#include "devicespecific/platform/ResultError.h"
 
 namespace Fuzz {
 namespace {

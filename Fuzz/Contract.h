@@ -5,10 +5,12 @@
 #include <string_view>
 #include <vector>
 
-#include "Platform/TicketDocument.h"
 #include "conversion/PTConverter.h"
+#include "devicespecific/platform/TicketDocument.h"
 
 namespace Fuzz {
+
+namespace Platform = DeviceSpecificModule::Platform;
 
 using Platform::TicketDocument;
 using Platform::WideText;

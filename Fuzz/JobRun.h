@@ -5,9 +5,9 @@
 #include <string_view>
 
 #include "Contract.h"
-#include "Platform/MemoryBags.h"
-#include "conversion/DeviceSpecificModule.h"
 #include "conversion/PTConverter.h"
+#include "devicespecific/DeviceSpecificModule.h"
+#include "devicespecific/platform/MemoryBags.h"
 
 namespace Fuzz {
 

@@ -2,8 +2,8 @@
 #include <stdexcept>
 
 #include "Contract.h"
-#include "Platform/MemoryBags.h"
 #include "Targets.h"
+#include "devicespecific/platform/MemoryBags.h"
 #include "secrets/Aes.h"
 #include "secrets/EncryptionId.h"
 #include "secrets/HexText.h"

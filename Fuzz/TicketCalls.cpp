@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "conversion/DeviceSpecificModule.h"
+#include "devicespecific/DeviceSpecificModule.h"
 
 namespace Fuzz {
 namespace {

@@ -14,10 +14,10 @@
 #include <thread>
 #include <vector>
 
-#include "CInterface/devicespecific.h"
 #include "FailingMemory.h"
-#include "Platform/CodePages.h"
 #include "Support.h"
+#include "devicespecific/devicespecific.h"
+#include "devicespecific/platform/CodePages.h"
 
 // The C interface's contracts. What conversions come to is tested by way of the module.
 

@@ -5,11 +5,11 @@
 #include <fstream>
 #include <stdexcept>
 
-#include "Platform/CodePages.h"
+#include "devicespecific/platform/CodePages.h"
 
-namespace Platform {
+namespace DeviceSpecificModule::Platform {
 void PrintTo(const WideText& text, std::ostream* out) { *out << DeviceSpecificModule::Narrow(text); }
-}  // namespace Platform
+}  // namespace DeviceSpecificModule::Platform
 
 namespace DeviceSpecificModule {
 

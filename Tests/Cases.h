@@ -6,9 +6,9 @@
 #include <string>
 #include <string_view>
 
-#include "Platform/WideText.h"
+#include "devicespecific/platform/WideText.h"
 
-namespace Platform {
+namespace DeviceSpecificModule::Platform {
 void PrintTo(const WideText& text, std::ostream* out);  // for messages of failed checks
 }
 

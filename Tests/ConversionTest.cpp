@@ -5,13 +5,13 @@
 
 #include <set>
 
-#include "Platform/CodePages.h"
-#include "Platform/Identities.h"
-#include "Platform/ResultError.h"
 #include "Support.h"
 #include "conversion/JsonState.h"
 #include "conversion/PipelineProperties.h"
 #include "conversion/TextOperations.h"
+#include "devicespecific/platform/CodePages.h"
+#include "devicespecific/platform/Identities.h"
+#include "devicespecific/platform/ResultError.h"
 #include "ticket/TicketNamespaces.h"
 #include "ticket/TicketQueries.h"
 

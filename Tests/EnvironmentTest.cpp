@@ -2,12 +2,12 @@
 #include <stdlib.h>
 
 #include "Cases.h"
-#include "Platform/CodePages.h"
-#include "Platform/Identities.h"
+#include "devicespecific/platform/CodePages.h"
+#include "devicespecific/platform/Identities.h"
 
 // What the process's surroundings may lack.
 
-namespace Platform {
+namespace DeviceSpecificModule::Platform {
 namespace {
 
 using DeviceSpecificModule::Narrow;
@@ -34,4 +34,4 @@ TEST(Environment, DoesNotKnowTheUser) {
 }
 
 }  // namespace
-}  // namespace Platform
+}  // namespace DeviceSpecificModule::Platform

@@ -7,7 +7,7 @@
 #include <sstream>
 #include <stdexcept>
 
-#include "Platform/Identities.h"
+#include "devicespecific/platform/Identities.h"
 
 namespace DeviceSpecificModule {
 namespace {

@@ -11,8 +11,8 @@
 
 #include "FailingMemory.h"
 #include "FaultRuns.h"
-#include "Platform/CodePages.h"
-#include "Platform/ResultError.h"
+#include "devicespecific/platform/CodePages.h"
+#include "devicespecific/platform/ResultError.h"
 #include "secrets/SecretPreparation.h"
 
 // Every allocation of a call failed in turn, those of the libraries below as well.

@@ -8,9 +8,9 @@
 #include "Cases.h"
 #include "FailingMemory.h"
 #include "Platform/Clock.h"
-#include "Platform/Identities.h"
 #include "Platform/PrintQueue.h"
-#include "Platform/ResultError.h"
+#include "devicespecific/platform/Identities.h"
+#include "devicespecific/platform/ResultError.h"
 
 namespace DeviceSpecificModule {
 namespace {
@@ -206,35 +206,39 @@ Result CallFunction(const char* name, Result nothing, Work work) {
 }  // namespace DeviceSpecificModule
 
 // These stand in front of the platform library's for the whole test program and, but for a fault, call them.
-namespace Platform {
+namespace DeviceSpecificModule::Platform {
 
 using DeviceSpecificModule::CallFunction;
 using DeviceSpecificModule::Own;
 
 bool GetFirstDocumentName(const WideText& queue, WideText& name) {
-    static const auto own =
-        Own<decltype(&GetFirstDocumentName)>("_ZN8Platform20GetFirstDocumentNameERKNS_8WideTextERS0_");
+    static const auto own = Own<decltype(&GetFirstDocumentName)>(
+        "_ZN20DeviceSpecificModule8Platform20GetFirstDocumentNameERKNS0_8WideTextERS1_");
     return CallFunction("GetFirstDocumentName", false, [&] { return own(queue, name); });
 }
 
 WideText GetNameOfUser(TokenHandle token) {
-    static const auto own = Own<decltype(&GetNameOfUser)>("_ZN8Platform13GetNameOfUserENS_11TokenHandleE");
+    static const auto own =
+        Own<decltype(&GetNameOfUser)>("_ZN20DeviceSpecificModule8Platform13GetNameOfUserENS0_11TokenHandleE");
     return CallFunction("GetNameOfUser", WideText(u""), [&] { return own(token); });
 }
 
 WideText GetNameOfComputer() {
-    static const auto own = Own<decltype(&GetNameOfComputer)>("_ZN8Platform17GetNameOfComputerEv");
+    static const auto own =
+        Own<decltype(&GetNameOfComputer)>("_ZN20DeviceSpecificModule8Platform17GetNameOfComputerEv");
     return CallFunction("GetNameOfComputer", WideText(u""), [&] { return own(); });
 }
 
 std::int64_t GetSystemSeconds() {
-    static const auto own = Own<decltype(&GetSystemSeconds)>("_ZN8Platform16GetSystemSecondsEv");
+    static const auto own =
+        Own<decltype(&GetSystemSeconds)>("_ZN20DeviceSpecificModule8Platform16GetSystemSecondsEv");
     return CallFunction("GetSystemSeconds", std::int64_t{0}, [&] { return own(); });
 }
 
 bool ToLocalTime(std::int64_t seconds, LocalTime& time) {
-    static const auto own = Own<decltype(&ToLocalTime)>("_ZN8Platform11ToLocalTimeElRNS_9LocalTimeE");
+    static const auto own =
+        Own<decltype(&ToLocalTime)>("_ZN20DeviceSpecificModule8Platform11ToLocalTimeElRNS0_9LocalTimeE");
     return CallFunction("ToLocalTime", false, [&] { return own(seconds, time); });
 }
 
-}  // namespace Platform
+}  // namespace DeviceSpecificModule::Platform

@@ -3,8 +3,8 @@
 #include <memory>
 #include <string>
 
-#include "Platform/PropertyBags.h"
-#include "Platform/TicketDocument.h"
+#include "devicespecific/platform/PropertyBags.h"
+#include "devicespecific/platform/TicketDocument.h"
 
 // A platform of which one call fails: that of a given number among all calls of property bags, document,
 // nodes, print queue, identities and clock.

@@ -14,8 +14,8 @@
 #include "Host/output/TextOutput.h"
 #include "HostTool.h"
 #include "Platform/Files.h"
-#include "Platform/Identities.h"
 #include "Support.h"
+#include "devicespecific/platform/Identities.h"
 
 namespace TicketHost {
 namespace {

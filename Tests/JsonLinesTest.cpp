@@ -6,8 +6,8 @@
 #include "Host/ground/Json.h"
 #include "Host/output/JsonLinesOutput.h"
 #include "Host/output/JsonOutput.h"
-#include "Platform/Identities.h"
 #include "Support.h"
+#include "devicespecific/platform/Identities.h"
 
 namespace TicketHost {
 namespace {

@@ -7,9 +7,9 @@
 
 #include "FaultRuns.h"
 #include "FaultyPlatform.h"
-#include "Platform/Identities.h"
-#include "Platform/ResultError.h"
 #include "conversion/PipelineProperties.h"
+#include "devicespecific/platform/Identities.h"
+#include "devicespecific/platform/ResultError.h"
 
 // Every call of the platform failed in turn: bags, document, nodes, print queue, identities, clock.
 

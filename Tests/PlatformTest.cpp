@@ -9,11 +9,11 @@
 
 #include "Cases.h"
 #include "Platform/Clock.h"
-#include "Platform/CodePages.h"
-#include "Platform/TicketDocument.h"
-#include "Platform/WideText.h"
+#include "devicespecific/platform/CodePages.h"
+#include "devicespecific/platform/TicketDocument.h"
+#include "devicespecific/platform/WideText.h"
 
-namespace Platform {
+namespace DeviceSpecificModule::Platform {
 namespace {
 
 using namespace std::string_literals;
@@ -324,4 +324,4 @@ TEST(TicketDocumentTest, DocumentsOnSeveralThreads) {
 }
 
 }  // namespace
-}  // namespace Platform
+}  // namespace DeviceSpecificModule::Platform

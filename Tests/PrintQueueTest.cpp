@@ -23,7 +23,7 @@
 
 #include "Platform/KeptAnswers.h"
 
-namespace Platform {
+namespace DeviceSpecificModule::Platform {
 namespace {
 
 namespace fs = std::filesystem;
@@ -345,4 +345,4 @@ TEST_F(PrintQueueTest, WithoutTheLibraryThereIsNoName) {
 }
 
 }  // namespace
-}  // namespace Platform
+}  // namespace DeviceSpecificModule::Platform

@@ -13,8 +13,8 @@
 #include <vector>
 
 #include "Cases.h"
-#include "Platform/CodePages.h"
-#include "Platform/MemoryBags.h"
+#include "devicespecific/platform/CodePages.h"
+#include "devicespecific/platform/MemoryBags.h"
 #include "secrets/HexText.h"
 #include "secrets/Passphrase.h"
 #include "secrets/SecretPreparation.h"

@@ -8,8 +8,8 @@
 #include <stdexcept>
 #include <tuple>
 
-#include "Platform/CodePages.h"
 #include "Support.h"
+#include "devicespecific/platform/CodePages.h"
 #include "secrets/EncryptionId.h"
 #include "secrets/HexText.h"
 #include "secrets/KeyRecordTable.h"

@@ -5,9 +5,9 @@
 
 #include "Cases.h"
 #include "Host/jobs/OptionTableSet.h"
-#include "Platform/MemoryBags.h"
-#include "conversion/DeviceSpecificModule.h"
 #include "conversion/PTConverter.h"
+#include "devicespecific/DeviceSpecificModule.h"
+#include "devicespecific/platform/MemoryBags.h"
 
 namespace DeviceSpecificModule {
 

@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-#include "conversion/ExportedTables.h"
+#include "devicespecific/ExportedTables.h"
 #include "tables/CarbonCopyAndPerPageKeywords.h"
 #include "tables/CopySecurityKeywords.h"
 #include "tables/FinishingKeywords.h"

@@ -14,7 +14,7 @@
 #include "Host/jobs/KnownProperties.h"
 #include "Host/jobs/OptionTableSet.h"
 #include "HostTool.h"
-#include "conversion/DeviceSpecificModule.h"
+#include "devicespecific/DeviceSpecificModule.h"
 
 namespace TicketHost {
 namespace {

@@ -1,9 +1,9 @@
 #include <gtest/gtest.h>
 #include <json/json.h>
 
-#include "Platform/ResultError.h"
 #include "Support.h"
 #include "conversion/JsonState.h"
+#include "devicespecific/platform/ResultError.h"
 #include "ticket/CustomProperties.h"
 #include "ticket/TicketEditing.h"
 #include "ticket/TicketNamespaces.h"

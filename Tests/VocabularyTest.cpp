@@ -16,6 +16,8 @@
 // The vocabulary is what the module asks for, no more and no less: conversions of all kinds run with
 // everything watched that they read.
 
+namespace Platform = DeviceSpecificModule::Platform;
+
 namespace {
 
 using Names = std::set<std::string>;

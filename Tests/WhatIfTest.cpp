@@ -9,9 +9,9 @@
 #include "Host/tickets/TicketChanges.h"
 #include "Host/verbs/WhatIfOptions.h"
 #include "HostTool.h"
-#include "Platform/Identities.h"
 #include "Platform/PrintQueue.h"
 #include "Support.h"
+#include "devicespecific/platform/Identities.h"
 
 namespace TicketHost {
 namespace {

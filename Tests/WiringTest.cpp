@@ -6,8 +6,8 @@
 #include <sstream>
 #include <vector>
 
-#include "Platform/ResultError.h"
 #include "Support.h"
+#include "devicespecific/platform/ResultError.h"
 
 // How the job level is put together. Most built-in texts are empty, so what a stage does shows in what it
 // asks of the host, and in its errors.

@@ -8,7 +8,7 @@
 #include <stdio.h>
 #include <stdlib.h>
 
-#include "CInterface/devicespecific.h"
+#include <devicespecific/devicespecific.h>
 
 static int Fail(const char* what, const char* why) {
     fprintf(stderr, "host: %s: %s\n", what, why);

@@ -13,10 +13,10 @@
 #include <string>
 #include <vector>
 
-#include "Platform/CodePages.h"
-#include "Platform/MemoryBags.h"
-#include "Platform/TicketDocument.h"
-#include "conversion/DeviceSpecificModule.h"
+#include <devicespecific/DeviceSpecificModule.h>
+#include <devicespecific/platform/CodePages.h>
+#include <devicespecific/platform/MemoryBags.h>
+#include <devicespecific/platform/TicketDocument.h>
 
 using namespace DeviceSpecificModule;
 using Platform::WideText;

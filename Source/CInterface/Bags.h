@@ -5,7 +5,7 @@
 #include <string_view>
 
 #include "CInterface/Boundary.h"
-#include "Platform/MemoryBags.h"
+#include "devicespecific/platform/MemoryBags.h"
 
 namespace DeviceSpecificModule::CInterface {
 

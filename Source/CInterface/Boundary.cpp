@@ -4,9 +4,9 @@
 #include <limits>
 #include <new>
 
-#include "Platform/CodePages.h"
-#include "Platform/Identities.h"
-#include "Platform/ResultError.h"
+#include "devicespecific/platform/CodePages.h"
+#include "devicespecific/platform/Identities.h"
+#include "devicespecific/platform/ResultError.h"
 
 namespace DeviceSpecificModule::CInterface {
 namespace {

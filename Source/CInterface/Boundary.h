@@ -5,11 +5,11 @@
 #include <string>
 #include <string_view>
 
-#include "Platform/PropertyBags.h"
-#include "Platform/WideText.h"
+#include "devicespecific/platform/PropertyBags.h"
+#include "devicespecific/platform/WideText.h"
 
 #pragma GCC visibility push(default)
-#include "CInterface/devicespecific.h"
+#include "devicespecific/devicespecific.h"
 #pragma GCC visibility pop
 
 // What all functions of the C interface share: how errors leave them, and texts and values come and go.

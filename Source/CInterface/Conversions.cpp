@@ -1,7 +1,7 @@
 #include <iterator>
 
 #include "CInterface/Objects.h"
-#include "Platform/CodePages.h"
+#include "devicespecific/platform/CodePages.h"
 
 namespace DeviceSpecificModule::CInterface {
 namespace {

@@ -7,8 +7,8 @@
 
 #include "CInterface/Bags.h"
 #include "CInterface/Tables.h"
-#include "Platform/TicketDocument.h"
-#include "conversion/DeviceSpecificModule.h"
+#include "devicespecific/DeviceSpecificModule.h"
+#include "devicespecific/platform/TicketDocument.h"
 
 // What stands behind the interface's pointers.
 

@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "conversion/ExportedTables.h"
+#include "devicespecific/ExportedTables.h"
 
 namespace DeviceSpecificModule::CInterface {
 namespace {

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "CInterface/Boundary.h"
-#include "conversion/OptionRecord.h"
+#include "devicespecific/OptionRecord.h"
 
 namespace DeviceSpecificModule::CInterface {
 

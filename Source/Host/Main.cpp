@@ -2,6 +2,7 @@
 #include <span>
 
 #include "Host/ground/Errors.h"
+#include "Host/ground/Platform.h"
 #include "Host/ground/StandardStreams.h"
 #include "Host/verbs/CommandLine.h"
 #include "Host/verbs/Verbs.h"

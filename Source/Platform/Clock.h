@@ -3,9 +3,9 @@
 #include <cstdint>
 #include <optional>
 
-#include "Platform/Export.h"
+#include "devicespecific/platform/Export.h"
 
-namespace Platform {
+namespace DeviceSpecificModule::Platform {
 
 // A moment in the local calendar.
 struct LocalTime {
@@ -19,13 +19,13 @@ struct LocalTime {
 };
 
 // Whole seconds since 1 January 1970, UTC.
-PLATFORM_API std::int64_t GetSystemSeconds();
+DEVICESPECIFIC_API std::int64_t GetSystemSeconds();
 
 // From here on GetSystemSeconds gives the calling thread this moment; nullopt ends that. For hosts that hold
 // one conversion against another.
-PLATFORM_API void SetSystemSecondsOfThread(std::optional<std::int64_t> seconds);
+DEVICESPECIFIC_API void SetSystemSecondsOfThread(std::optional<std::int64_t> seconds);
 
 // The local calendar form of such seconds. False, with `time` as it was, for a year that can't be counted.
-PLATFORM_API bool ToLocalTime(std::int64_t seconds, LocalTime& time);
+DEVICESPECIFIC_API bool ToLocalTime(std::int64_t seconds, LocalTime& time);
 
-}  // namespace Platform
+}  // namespace DeviceSpecificModule::Platform

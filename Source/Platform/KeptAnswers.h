@@ -2,15 +2,15 @@
 
 #include <cstdint>
 
-#include "Platform/Export.h"
+#include "devicespecific/platform/Export.h"
 
-namespace Platform {
+namespace DeviceSpecificModule::Platform {
 
 // While one lives, the process asks for a queue's first document and for a user's name once at most, and
 // gives each answer again: for who converts one job over and over, where every question costs time and an
 // answer that changes in between would mislead. Threads that ask for what another is asking for wait. The
 // answers go with the last one that lives.
-class PLATFORM_API KeptAnswers {
+class DEVICESPECIFIC_API KeptAnswers {
 public:
     KeptAnswers();
     KeptAnswers(const KeptAnswers&) = delete;
@@ -21,4 +21,4 @@ public:
     static std::uint64_t CurrentTime();
 };
 
-}  // namespace Platform
+}  // namespace DeviceSpecificModule::Platform

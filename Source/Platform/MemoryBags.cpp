@@ -1,6 +1,6 @@
-#include "Platform/MemoryBags.h"
+#include "devicespecific/platform/MemoryBags.h"
 
-namespace Platform {
+namespace DeviceSpecificModule::Platform {
 
 template <typename Type>
 bool MemoryPrinterBag::Get(std::u16string_view name, Type& value) const {
@@ -35,4 +35,4 @@ bool MemoryPipelineBag::DeleteProperty(std::u16string_view name) {
     return true;
 }
 
-}  // namespace Platform
+}  // namespace DeviceSpecificModule::Platform

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "Platform/Export.h"
-#include "Platform/WideText.h"
+#include "devicespecific/platform/Export.h"
+#include "devicespecific/platform/WideText.h"
 
-namespace Platform {
+namespace DeviceSpecificModule::Platform {
 
 // The document name of the first job of the named queue that is not finished, whole, whatever its length. A
 // job without a document name gives the empty text. False, with `name` as it was, when the queue is empty or
@@ -18,11 +18,11 @@ namespace Platform {
 // has a name, and stays; without it no print service answers.
 //
 // Throws ResultError or std::bad_alloc without memory.
-PLATFORM_API bool GetFirstDocumentName(const WideText& queue, WideText& name);
+DEVICESPECIFIC_API bool GetFirstDocumentName(const WideText& queue, WideText& name);
 
 // From here on GetFirstDocumentName gives the calling thread this name, whatever the queue, and asks nobody;
 // null ends that. The name isn't copied and must live until then. For hosts that try what a job would be
 // under another name, on no queue at all.
-PLATFORM_API void SetDocumentNameOfThread(const WideText* name);
+DEVICESPECIFIC_API void SetDocumentNameOfThread(const WideText* name);
 
-}  // namespace Platform
+}  // namespace DeviceSpecificModule::Platform

@@ -1,9 +1,9 @@
-#include "Platform/PropertyBags.h"
+#include "devicespecific/platform/PropertyBags.h"
 
-namespace Platform {
+namespace DeviceSpecificModule::Platform {
 
 // Here rather than in the header, so that the types have one home that all their users share.
 IPrinterPropertyBag::~IPrinterPropertyBag() = default;
 IPrintPipelinePropertyBag::~IPrintPipelinePropertyBag() = default;
 
-}  // namespace Platform
+}  // namespace DeviceSpecificModule::Platform

@@ -1,8 +1,8 @@
-#include "Platform/ResultError.h"
+#include "devicespecific/platform/ResultError.h"
 
 #include <cstdio>
 
-namespace Platform {
+namespace DeviceSpecificModule::Platform {
 
 ResultError::ResultError(std::uint32_t code) noexcept : code_(code) {
     std::snprintf(text_, sizeof text_, "result code 0x%08X", static_cast<unsigned>(code));
@@ -12,4 +12,4 @@ ResultError::~ResultError() = default;
 
 void ThrowResult(std::uint32_t code) { throw ResultError(code); }
 
-}  // namespace Platform
+}  // namespace DeviceSpecificModule::Platform

@@ -5,9 +5,9 @@
 #include <string_view>
 #include <system_error>
 
-#include "Platform/Export.h"
+#include "devicespecific/platform/Export.h"
 
-namespace Platform {
+namespace DeviceSpecificModule::Platform {
 
 // Reads what no screen may show from the standard input into `room` and gives the number of bytes; a full
 // room says that there may be more. From a terminal comes one line, with its end, after `prompt` on the
@@ -18,7 +18,7 @@ namespace Platform {
 // When the input can't be read, or the terminal can't be kept from showing it, `error` says why and what has
 // been read by then counts for nothing. For programs of one thread: it handles the process's signals while it
 // waits.
-PLATFORM_API std::size_t ReadHiddenInput(std::string_view prompt, std::span<char> room,
-                                         std::error_code& error);
+DEVICESPECIFIC_API std::size_t ReadHiddenInput(std::string_view prompt, std::span<char> room,
+                                               std::error_code& error);
 
-}  // namespace Platform
+}  // namespace DeviceSpecificModule::Platform

@@ -1,6 +1,6 @@
-#include "Platform/TicketDocument.h"
+#include "devicespecific/platform/TicketDocument.h"
 
-namespace Platform {
+namespace DeviceSpecificModule::Platform {
 namespace {
 
 WideText NameConditions(const PathStep& step) {
@@ -56,4 +56,4 @@ bool IXMLDOMDocument2::appendToRoot(std::u16string_view root, const WideText& fr
     return true;
 }
 
-}  // namespace Platform
+}  // namespace DeviceSpecificModule::Platform

@@ -1,4 +1,4 @@
-#include "Platform/WideText.h"
+#include "devicespecific/platform/WideText.h"
 
 #include <algorithm>
 #include <atomic>
@@ -7,9 +7,9 @@
 #include <new>
 #include <utility>
 
-#include "Platform/ResultError.h"
+#include "devicespecific/platform/ResultError.h"
 
-namespace Platform {
+namespace DeviceSpecificModule::Platform {
 
 // The units stand behind the header in the same allocation. `used` is how many of them belong to the longest
 // text in the buffer: only the text that ends there may grow into the room behind, and only one of several
@@ -124,4 +124,4 @@ bool WideText::GrowInNewBuffer(std::u16string_view units) noexcept {
     return true;
 }
 
-}  // namespace Platform
+}  // namespace DeviceSpecificModule::Platform

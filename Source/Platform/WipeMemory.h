@@ -2,11 +2,11 @@
 
 #include <cstddef>
 
-#include "Platform/Export.h"
+#include "devicespecific/platform/Export.h"
 
-namespace Platform {
+namespace DeviceSpecificModule::Platform {
 
 // Overwrites memory with zeros, also where nothing reads it any more: no optimiser takes the call away.
-PLATFORM_API void WipeMemory(void* memory, std::size_t size) noexcept;
+DEVICESPECIFIC_API void WipeMemory(void* memory, std::size_t size) noexcept;
 
-}  // namespace Platform
+}  // namespace DeviceSpecificModule::Platform

@@ -5,10 +5,10 @@
 #include <string_view>
 #include <vector>
 
-#include "Platform/Export.h"
-#include "Platform/TicketDocument.h"
+#include "devicespecific/platform/Export.h"
+#include "devicespecific/platform/TicketDocument.h"
 
-namespace Platform {
+namespace DeviceSpecificModule::Platform {
 
 // XML as plain values, for who reads a whole document rather than ask for a node of it. Texts are UTF-8.
 
@@ -39,9 +39,9 @@ struct XmlElement {
 
 // The root of a document that a file's bytes hold, by the rules of LoadTicketDocument for bytes. Nothing,
 // and `error` says why, for bytes that are refused. Throws ResultError or std::bad_alloc without memory.
-PLATFORM_API std::optional<XmlElement> ReadXml(std::string_view bytes, ParseError& error);
+DEVICESPECIFIC_API std::optional<XmlElement> ReadXml(std::string_view bytes, ParseError& error);
 
 // The same from a text.
-PLATFORM_API std::optional<XmlElement> ReadXml(const WideText& text, ParseError& error);
+DEVICESPECIFIC_API std::optional<XmlElement> ReadXml(const WideText& text, ParseError& error);
 
-}  // namespace Platform
+}  // namespace DeviceSpecificModule::Platform

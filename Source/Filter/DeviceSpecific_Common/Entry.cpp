@@ -1,7 +1,7 @@
 #include <utility>
 
 #include "JobPipeline.h"
-#include "conversion/DeviceSpecificModule.h"
+#include "devicespecific/DeviceSpecificModule.h"
 
 namespace DeviceSpecificModule {
 

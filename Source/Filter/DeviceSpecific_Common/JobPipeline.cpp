@@ -3,10 +3,10 @@
 #include <iterator>
 #include <utility>
 
-#include "conversion/DeviceSpecificModule.h"
 #include "conversion/JsonState.h"
 #include "conversion/PipelineProperties.h"
 #include "conversion/TextOperations.h"
+#include "devicespecific/DeviceSpecificModule.h"
 #include "pages/ConvertDocument.h"
 #include "pages/ConvertPage.h"
 #include "perpage/PerPageSettings.h"

@@ -16,7 +16,7 @@
 #include "Host/ground/Texts.h"
 #include "Platform/PrintQueue.h"
 #include "Platform/XmlElement.h"
-#include "conversion/DeviceSpecificModule.h"
+#include "devicespecific/DeviceSpecificModule.h"
 
 namespace TicketHost {
 namespace {

@@ -7,7 +7,7 @@
 #include "Host/ground/Texts.h"
 #include "Host/jobs/KnownProperties.h"
 #include "Host/jobs/OptionTableSet.h"
-#include "Platform/Identities.h"
+#include "devicespecific/platform/Identities.h"
 
 namespace TicketHost {
 namespace {

@@ -10,7 +10,7 @@
 #include "Host/ground/Errors.h"
 #include "Host/ground/Nearest.h"
 #include "Platform/KeptAnswers.h"
-#include "conversion/DeviceSpecificModule.h"
+#include "devicespecific/DeviceSpecificModule.h"
 
 namespace TicketHost {
 namespace {

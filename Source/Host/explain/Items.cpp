@@ -6,7 +6,7 @@
 #include <map>
 
 #include "Host/ground/Texts.h"
-#include "conversion/DeviceSpecificModule.h"
+#include "devicespecific/DeviceSpecificModule.h"
 
 namespace TicketHost {
 namespace {

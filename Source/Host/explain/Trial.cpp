@@ -4,7 +4,7 @@
 
 #include "Host/ground/Texts.h"
 #include "Host/tickets/TicketChanges.h"
-#include "conversion/DeviceSpecificModule.h"
+#include "devicespecific/DeviceSpecificModule.h"
 
 namespace TicketHost {
 namespace {

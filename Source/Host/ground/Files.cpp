@@ -7,6 +7,7 @@
 #include <system_error>
 
 #include "Host/ground/Errors.h"
+#include "Host/ground/Platform.h"
 #include "Platform/Files.h"
 #include "Platform/Process.h"
 

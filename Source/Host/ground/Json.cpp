@@ -8,7 +8,7 @@
 
 #include "Host/ground/Errors.h"
 #include "Host/ground/Texts.h"
-#include "Platform/Identities.h"
+#include "devicespecific/platform/Identities.h"
 
 namespace TicketHost {
 namespace {

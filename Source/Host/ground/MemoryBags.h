@@ -1,6 +1,7 @@
 #pragma once
 
-#include "Platform/MemoryBags.h"
+#include "Host/ground/Platform.h"
+#include "devicespecific/platform/MemoryBags.h"
 
 namespace TicketHost {
 

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "Platform/CodePages.h"
-#include "Platform/Identities.h"
+#include "devicespecific/platform/CodePages.h"
+#include "devicespecific/platform/Identities.h"
 
 namespace TicketHost {
 namespace {

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "Host/ground/MemoryBags.h"
-#include "Platform/WideText.h"
+#include "devicespecific/platform/WideText.h"
 
 namespace TicketHost {
 

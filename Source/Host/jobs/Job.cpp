@@ -10,7 +10,7 @@
 #include "Host/jobs/OptionTableSet.h"
 #include "Host/jobs/TicketFiles.h"
 #include "Platform/Process.h"
-#include "conversion/DeviceSpecificModule.h"
+#include "devicespecific/DeviceSpecificModule.h"
 
 namespace TicketHost {
 namespace {

@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "Host/ground/MemoryBags.h"
-#include "Platform/TicketDocument.h"
+#include "devicespecific/platform/TicketDocument.h"
 
 namespace TicketHost {
 

@@ -8,7 +8,7 @@
 #include "Host/jobs/EditedTickets.h"
 #include "Host/tickets/Settings.h"
 #include "Host/tickets/TicketEdits.h"
-#include "conversion/DeviceSpecificModule.h"
+#include "devicespecific/DeviceSpecificModule.h"
 
 namespace TicketHost {
 namespace {

@@ -8,8 +8,8 @@
 #include "Host/jobs/OptionTableSet.h"
 #include "Platform/Clock.h"
 #include "Platform/PrintQueue.h"
-#include "Platform/ResultError.h"
-#include "conversion/DeviceSpecificModule.h"
+#include "devicespecific/DeviceSpecificModule.h"
+#include "devicespecific/platform/ResultError.h"
 
 namespace TicketHost {
 namespace {

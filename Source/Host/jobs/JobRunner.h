@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "Host/jobs/Job.h"
-#include "Platform/WideText.h"
+#include "devicespecific/platform/WideText.h"
 
 namespace TicketHost {
 

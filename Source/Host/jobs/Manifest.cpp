@@ -10,7 +10,7 @@
 #include "Host/ground/Nearest.h"
 #include "Host/ground/Texts.h"
 #include "Host/jobs/OptionTableSet.h"
-#include "Platform/Identities.h"
+#include "devicespecific/platform/Identities.h"
 
 namespace TicketHost {
 namespace {

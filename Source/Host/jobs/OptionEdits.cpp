@@ -9,7 +9,7 @@
 #include "Host/jobs/OptionTableSet.h"
 #include "Host/tickets/PrintTicket.h"
 #include "Host/tickets/TicketEdits.h"
-#include "conversion/DeviceSpecificModule.h"
+#include "devicespecific/DeviceSpecificModule.h"
 #include "tables/JobKeywords.h"
 #include "tables/OutputKeywords.h"
 

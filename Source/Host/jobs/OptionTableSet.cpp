@@ -4,7 +4,7 @@
 #include <stdexcept>
 
 #include "Host/ground/Nearest.h"
-#include "conversion/ExportedTables.h"
+#include "devicespecific/ExportedTables.h"
 
 namespace TicketHost {
 namespace {

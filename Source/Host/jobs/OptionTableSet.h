@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "conversion/OptionRecord.h"
+#include "devicespecific/OptionRecord.h"
 
 namespace TicketHost {
 

@@ -9,7 +9,7 @@
 
 #include "Host/ground/Errors.h"
 #include "Host/jobs/PartNames.h"
-#include "conversion/DeviceSpecificModule.h"
+#include "devicespecific/DeviceSpecificModule.h"
 
 namespace TicketHost {
 namespace {

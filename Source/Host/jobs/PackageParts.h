@@ -6,6 +6,7 @@
 #include <unordered_map>
 #include <vector>
 
+#include "Host/ground/Platform.h"
 #include "Host/jobs/PartNames.h"
 #include "Host/jobs/ZipArchive.h"
 #include "Platform/XmlElement.h"

@@ -8,6 +8,7 @@
 
 #include "Host/ground/Errors.h"
 #include "Host/ground/Files.h"
+#include "Host/ground/Platform.h"
 #include "Platform/Files.h"
 
 namespace TicketHost {

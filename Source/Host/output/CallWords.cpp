@@ -1,7 +1,7 @@
 #include "Host/output/CallWords.h"
 
-#include "Platform/ResultError.h"
-#include "conversion/DeviceSpecificModule.h"
+#include "devicespecific/DeviceSpecificModule.h"
+#include "devicespecific/platform/ResultError.h"
 
 namespace TicketHost {
 

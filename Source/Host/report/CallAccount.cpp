@@ -6,7 +6,7 @@
 #include "Host/ground/Texts.h"
 #include "Host/output/CallWords.h"
 #include "Host/tickets/Settings.h"
-#include "conversion/DeviceSpecificModule.h"
+#include "devicespecific/DeviceSpecificModule.h"
 
 namespace TicketHost {
 namespace {

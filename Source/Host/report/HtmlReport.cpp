@@ -9,7 +9,7 @@
 #include "Host/report/ReportWords.h"
 #include "Host/report/SheetSection.h"
 #include "Host/report/WarningSection.h"
-#include "conversion/DeviceSpecificModule.h"
+#include "devicespecific/DeviceSpecificModule.h"
 
 namespace TicketHost {
 namespace {

@@ -4,6 +4,7 @@
 #include <string_view>
 #include <vector>
 
+#include "Host/ground/Platform.h"
 #include "Platform/XmlElement.h"
 
 namespace TicketHost {

@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "Host/tickets/PrintTicket.h"
-#include "Platform/WideText.h"
+#include "devicespecific/platform/WideText.h"
 
 namespace TicketHost {
 

@@ -4,7 +4,7 @@
 #include <string_view>
 
 #include "Host/tickets/Settings.h"
-#include "Platform/TicketDocument.h"
+#include "devicespecific/platform/TicketDocument.h"
 
 namespace TicketHost {
 

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "Host/ground/Nearest.h"
+#include "Host/ground/Platform.h"
 #include "Platform/Process.h"
 
 namespace TicketHost {

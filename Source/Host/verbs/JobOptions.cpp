@@ -8,8 +8,8 @@
 #include "Host/ground/StandardStreams.h"
 #include "Host/ground/Texts.h"
 #include "Host/jobs/KnownProperties.h"
-#include "Platform/CodePages.h"
-#include "Platform/Identities.h"
+#include "devicespecific/platform/CodePages.h"
+#include "devicespecific/platform/Identities.h"
 
 namespace TicketHost {
 namespace {

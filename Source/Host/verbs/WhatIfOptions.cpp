@@ -8,9 +8,9 @@
 #include "Host/ground/Errors.h"
 #include "Host/ground/Texts.h"
 #include "Host/jobs/JobEdits.h"
-#include "Platform/CodePages.h"
-#include "Platform/Identities.h"
-#include "conversion/DeviceSpecificModule.h"
+#include "devicespecific/DeviceSpecificModule.h"
+#include "devicespecific/platform/CodePages.h"
+#include "devicespecific/platform/Identities.h"
 
 namespace TicketHost {
 namespace {

@@ -5,7 +5,7 @@
 
 #include "Platform/KeptAnswers.h"
 
-namespace Platform {
+namespace DeviceSpecificModule::Platform {
 
 // The answers to one kind of question, while they are kept.
 template <typename Question, typename Answer>
@@ -28,4 +28,4 @@ private:
     std::map<Question, Answer> answers_;
 };
 
-}  // namespace Platform
+}  // namespace DeviceSpecificModule::Platform

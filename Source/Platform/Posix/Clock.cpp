@@ -5,7 +5,7 @@
 #include <climits>
 #include <mutex>
 
-namespace Platform {
+namespace DeviceSpecificModule::Platform {
 
 namespace {
 
@@ -34,4 +34,4 @@ bool ToLocalTime(std::int64_t seconds, LocalTime& time) {
     return true;
 }
 
-}  // namespace Platform
+}  // namespace DeviceSpecificModule::Platform

@@ -1,4 +1,4 @@
-#include "Platform/CodePages.h"
+#include "devicespecific/platform/CodePages.h"
 
 #include <iconv.h>
 #include <langinfo.h>
@@ -13,10 +13,10 @@
 #include <mutex>
 #include <new>
 
-#include "Platform/ResultError.h"
 #include "Platform/WipeMemory.h"
+#include "devicespecific/platform/ResultError.h"
 
-namespace Platform {
+namespace DeviceSpecificModule::Platform {
 namespace {
 
 constexpr const char* wideName = std::endian::native == std::endian::little ? "UTF-16LE" : "UTF-16BE";
@@ -202,4 +202,4 @@ bool ConvertSecretFromWide(CodePage page, std::u16string_view units, const Take&
     ThrowResult(ResultOutOfMemory);
 }
 
-}  // namespace Platform
+}  // namespace DeviceSpecificModule::Platform

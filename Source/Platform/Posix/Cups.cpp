@@ -5,7 +5,7 @@
 #include <mutex>
 #include <optional>
 
-namespace Platform {
+namespace DeviceSpecificModule::Platform {
 
 // By the name that the linker would have noted, so that the loader finds it where it finds any library.
 Cups::Cups() : library_(dlopen(CUPS_SONAME, RTLD_NOW | RTLD_LOCAL)), complete_(library_ != nullptr) {}
@@ -24,4 +24,4 @@ const Cups* FindCups() {
     return found ? &*found : nullptr;
 }
 
-}  // namespace Platform
+}  // namespace DeviceSpecificModule::Platform

@@ -2,7 +2,7 @@
 
 #include <cups/cups.h>
 
-namespace Platform {
+namespace DeviceSpecificModule::Platform {
 
 // What is used of the CUPS library, each function under its own name. The library is no dependency that the
 // loader sees: it brings a dozen others along and would take longer to load than all else, for what few jobs
@@ -55,4 +55,4 @@ public:
 // is missing. For any thread.
 const Cups* FindCups();
 
-}  // namespace Platform
+}  // namespace DeviceSpecificModule::Platform

@@ -1,9 +1,9 @@
 #include "Platform/Files.h"
 
-namespace Platform {
+namespace DeviceSpecificModule::Platform {
 
 std::FILE* OpenFile(const std::filesystem::path& file, const char* mode) {
     return std::fopen(file.c_str(), mode);
 }
 
-}  // namespace Platform
+}  // namespace DeviceSpecificModule::Platform

@@ -1,4 +1,4 @@
-#include "Platform/Identities.h"
+#include "devicespecific/platform/Identities.h"
 
 #include <pwd.h>
 #include <unistd.h>
@@ -11,10 +11,10 @@
 #include <vector>
 
 #include "AnswerBook.h"
-#include "Platform/CodePages.h"
-#include "Platform/ResultError.h"
+#include "devicespecific/platform/CodePages.h"
+#include "devicespecific/platform/ResultError.h"
 
-namespace Platform {
+namespace DeviceSpecificModule::Platform {
 namespace {
 
 WideText TextOfName(const char* name) {
@@ -90,4 +90,4 @@ WideText GetNameOfComputer() {
     return gethostname(name, sizeof name - 1) == 0 ? TextOfName(name) : WideText(u"");
 }
 
-}  // namespace Platform
+}  // namespace DeviceSpecificModule::Platform

@@ -3,7 +3,7 @@
 #include <atomic>
 #include <mutex>
 
-namespace Platform {
+namespace DeviceSpecificModule::Platform {
 namespace {
 
 constinit std::mutex guard;
@@ -24,4 +24,4 @@ KeptAnswers::~KeptAnswers() {
 
 std::uint64_t KeptAnswers::CurrentTime() { return current; }
 
-}  // namespace Platform
+}  // namespace DeviceSpecificModule::Platform

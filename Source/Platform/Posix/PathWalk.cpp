@@ -5,7 +5,7 @@
 
 #include "XmlTree.h"
 
-namespace Platform {
+namespace DeviceSpecificModule::Platform {
 namespace {
 
 constexpr std::u16string_view nameAttribute = u"@name";
@@ -156,4 +156,4 @@ bool PathWalk::Search(xmlNodePtr parent, Steps open, const std::function<bool(xm
     return false;
 }
 
-}  // namespace Platform
+}  // namespace DeviceSpecificModule::Platform

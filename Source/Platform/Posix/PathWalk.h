@@ -8,9 +8,9 @@
 #include <utility>
 #include <vector>
 
-#include "Platform/TicketDocument.h"
+#include "devicespecific/platform/TicketDocument.h"
 
-namespace Platform {
+namespace DeviceSpecificModule::Platform {
 
 using Namespaces = std::vector<std::pair<std::string, std::string>>;  // prefix and name
 
@@ -60,4 +60,4 @@ private:
 // The number that the last three characters of a match of a series stand for.
 std::size_t NumberInSeries(const xmlNode* element);
 
-}  // namespace Platform
+}  // namespace DeviceSpecificModule::Platform

@@ -8,11 +8,11 @@
 
 #include "AnswerBook.h"
 #include "Cups.h"
-#include "Platform/CodePages.h"
-#include "Platform/ResultError.h"
 #include "Relay.h"
+#include "devicespecific/platform/CodePages.h"
+#include "devicespecific/platform/ResultError.h"
 
-namespace Platform {
+namespace DeviceSpecificModule::Platform {
 namespace {
 
 using namespace std::chrono_literals;
@@ -128,4 +128,4 @@ bool GetFirstDocumentName(const WideText& queue, WideText& name) {
     return answer.has_value();
 }
 
-}  // namespace Platform
+}  // namespace DeviceSpecificModule::Platform

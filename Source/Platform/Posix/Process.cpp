@@ -6,9 +6,9 @@
 
 #include <cerrno>
 
-#include "Platform/Identities.h"
+#include "devicespecific/platform/Identities.h"
 
-namespace Platform {
+namespace DeviceSpecificModule::Platform {
 
 namespace {
 
@@ -38,4 +38,4 @@ std::size_t ReadStandardInput(std::span<char> room, std::error_code& error) {
     }
 }
 
-}  // namespace Platform
+}  // namespace DeviceSpecificModule::Platform

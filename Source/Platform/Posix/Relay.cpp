@@ -10,7 +10,7 @@
 #include <cerrno>
 #include <system_error>
 
-namespace Platform {
+namespace DeviceSpecificModule::Platform {
 namespace {
 
 using namespace std::chrono;
@@ -80,4 +80,4 @@ Relay::~Relay() {
     thread_.join();
 }
 
-}  // namespace Platform
+}  // namespace DeviceSpecificModule::Platform

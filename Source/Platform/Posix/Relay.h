@@ -5,7 +5,7 @@
 #include <cstddef>
 #include <thread>
 
-namespace Platform {
+namespace DeviceSpecificModule::Platform {
 
 // An open file of the process's, closed at the end.
 class Descriptor {
@@ -52,4 +52,4 @@ private:
     std::thread thread_;
 };
 
-}  // namespace Platform
+}  // namespace DeviceSpecificModule::Platform

@@ -7,7 +7,7 @@
 #include <array>
 #include <cerrno>
 
-namespace Platform {
+namespace DeviceSpecificModule::Platform {
 namespace {
 
 std::error_code LastError() { return {errno, std::generic_category()}; }
@@ -97,4 +97,4 @@ std::size_t ReadHiddenInput(std::string_view prompt, std::span<char> room, std::
     return error ? 0 : ReadInput(room, true, error);
 }
 
-}  // namespace Platform
+}  // namespace DeviceSpecificModule::Platform

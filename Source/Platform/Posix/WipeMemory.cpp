@@ -2,8 +2,8 @@
 
 #include <string.h>
 
-namespace Platform {
+namespace DeviceSpecificModule::Platform {
 
 void WipeMemory(void* memory, std::size_t size) noexcept { explicit_bzero(memory, size); }
 
-}  // namespace Platform
+}  // namespace DeviceSpecificModule::Platform

@@ -6,7 +6,7 @@
 
 #include "XmlParser.h"
 
-namespace Platform {
+namespace DeviceSpecificModule::Platform {
 namespace {
 
 // Far from the parser's limits on texts, attributes and comments, so that what was parsed or set once is sure
@@ -126,4 +126,4 @@ bool AppendInPlace(Tree& tree, std::string_view name, std::string_view uri, cons
     return true;
 }
 
-}  // namespace Platform
+}  // namespace DeviceSpecificModule::Platform

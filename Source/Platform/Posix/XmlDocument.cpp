@@ -9,14 +9,14 @@
 #include <vector>
 
 #include "PathWalk.h"
-#include "Platform/CodePages.h"
-#include "Platform/ResultError.h"
-#include "Platform/TicketDocument.h"
 #include "XmlAppend.h"
 #include "XmlParser.h"
 #include "XmlTree.h"
+#include "devicespecific/platform/CodePages.h"
+#include "devicespecific/platform/ResultError.h"
+#include "devicespecific/platform/TicketDocument.h"
 
-namespace Platform {
+namespace DeviceSpecificModule::Platform {
 namespace {
 
 const xmlChar* XmlChars(const std::string& text) { return reinterpret_cast<const xmlChar*>(text.c_str()); }
@@ -254,4 +254,4 @@ TicketDocument LoadTicketDocument(const WideText& text, ParseError& error) {
     return Load(Utf8(text.View()), Encoding::Utf8, error);
 }
 
-}  // namespace Platform
+}  // namespace DeviceSpecificModule::Platform

@@ -2,11 +2,11 @@
 
 #include <libxml/tree.h>
 
-#include "Platform/CodePages.h"
 #include "XmlParser.h"
 #include "XmlTree.h"
+#include "devicespecific/platform/CodePages.h"
 
-namespace Platform {
+namespace DeviceSpecificModule::Platform {
 namespace {
 
 // The library holds no more than 16 bits of a line.
@@ -63,4 +63,4 @@ std::optional<XmlElement> ReadXml(const WideText& text, ParseError& error) {
     return Read(bytes, Encoding::Utf8, error);
 }
 
-}  // namespace Platform
+}  // namespace DeviceSpecificModule::Platform

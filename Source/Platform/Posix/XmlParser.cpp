@@ -13,7 +13,7 @@
 #include <thread>
 #include <utility>
 
-namespace Platform {
+namespace DeviceSpecificModule::Platform {
 namespace {
 
 constexpr int mostElementsDeep = 256;
@@ -267,4 +267,4 @@ std::unique_ptr<Tree> Parse(std::string_view bytes, Encoding encoding, ParseErro
     return tree;
 }
 
-}  // namespace Platform
+}  // namespace DeviceSpecificModule::Platform

@@ -3,10 +3,10 @@
 #include <memory>
 #include <string_view>
 
-#include "Platform/TicketDocument.h"
 #include "XmlTree.h"
+#include "devicespecific/platform/TicketDocument.h"
 
-namespace Platform {
+namespace DeviceSpecificModule::Platform {
 
 enum class Encoding { AsDeclared, Utf8 };  // Utf8: whatever is declared
 
@@ -16,4 +16,4 @@ enum class Encoding { AsDeclared, Utf8 };  // Utf8: whatever is declared
 std::unique_ptr<Tree> Parse(std::string_view bytes, Encoding encoding, ParseError* error,
                             xmlDictPtr dictionary = nullptr);
 
-}  // namespace Platform
+}  // namespace DeviceSpecificModule::Platform

@@ -10,9 +10,9 @@
 #include <string_view>
 #include <vector>
 
-#include "Platform/ResultError.h"
+#include "devicespecific/platform/ResultError.h"
 
-namespace Platform {
+namespace DeviceSpecificModule::Platform {
 
 inline std::string_view View(const xmlChar* text) {
     return text == nullptr ? std::string_view() : reinterpret_cast<const char*>(text);
@@ -95,4 +95,4 @@ struct Tree {
     bool SectionsMeet = false;  // or CDATA sections
 };
 
-}  // namespace Platform
+}  // namespace DeviceSpecificModule::Platform

@@ -5,9 +5,9 @@
 #include <cstdint>
 #include <memory>
 
-#include "Platform/PropertyBags.h"
-#include "Platform/TicketDocument.h"
-#include "Platform/WideText.h"
+#include "devicespecific/platform/PropertyBags.h"
+#include "devicespecific/platform/TicketDocument.h"
+#include "devicespecific/platform/WideText.h"
 
 namespace DeviceSpecificModule {
 

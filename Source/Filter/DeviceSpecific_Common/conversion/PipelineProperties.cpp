@@ -1,6 +1,6 @@
 #include "conversion/PipelineProperties.h"
 
-#include "Platform/Identities.h"
+#include "devicespecific/platform/Identities.h"
 
 namespace DeviceSpecificModule {
 namespace {

@@ -5,7 +5,7 @@
 #include <limits>
 #include <type_traits>
 
-#include "Platform/CodePages.h"
+#include "devicespecific/platform/CodePages.h"
 
 namespace DeviceSpecificModule {
 

@@ -5,8 +5,8 @@
 #include <string>
 #include <string_view>
 
-#include "Platform/ResultError.h"
-#include "Platform/WideText.h"
+#include "devicespecific/platform/ResultError.h"
+#include "devicespecific/platform/WideText.h"
 
 namespace DeviceSpecificModule {
 

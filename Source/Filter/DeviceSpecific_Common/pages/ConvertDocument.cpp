@@ -1,9 +1,9 @@
 #include "pages/ConvertDocument.h"
 
 #include "conversion/JsonState.h"
-#include "conversion/OptionRecord.h"
 #include "conversion/PipelineProperties.h"
 #include "conversion/TextOperations.h"
+#include "devicespecific/OptionRecord.h"
 #include "pages/PageSize.h"
 #include "ticket/TicketEditing.h"
 #include "ticket/TicketQueries.h"

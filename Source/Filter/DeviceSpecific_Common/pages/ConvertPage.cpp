@@ -1,9 +1,9 @@
 #include "pages/ConvertPage.h"
 
 #include "conversion/JsonState.h"
-#include "conversion/OptionRecord.h"
 #include "conversion/PipelineProperties.h"
 #include "conversion/TextOperations.h"
+#include "devicespecific/OptionRecord.h"
 #include "pages/PageSize.h"
 #include "tables/OptionTables.h"
 #include "ticket/TicketEditing.h"

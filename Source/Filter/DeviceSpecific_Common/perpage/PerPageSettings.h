@@ -4,9 +4,9 @@
 
 #include <string_view>
 
-#include "conversion/OptionRecord.h"
 #include "conversion/PTConverter.h"
 #include "conversion/Stage.h"
+#include "devicespecific/OptionRecord.h"
 
 namespace DeviceSpecificModule {
 

@@ -6,8 +6,8 @@
 #include <limits>
 #include <string_view>
 
-#include "Platform/WideText.h"
-#include "conversion/OptionRecord.h"
+#include "devicespecific/OptionRecord.h"
+#include "devicespecific/platform/WideText.h"
 
 namespace DeviceSpecificModule {
 

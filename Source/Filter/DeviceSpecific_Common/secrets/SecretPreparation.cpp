@@ -6,9 +6,9 @@
 #include <span>
 #include <string>
 
-#include "Platform/CodePages.h"
 #include "conversion/PipelineProperties.h"
 #include "conversion/TextOperations.h"
+#include "devicespecific/platform/CodePages.h"
 #include "secrets/Aes.h"
 #include "secrets/EncryptionId.h"
 #include "secrets/HexText.h"

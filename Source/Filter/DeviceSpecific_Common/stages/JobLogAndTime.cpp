@@ -4,9 +4,9 @@
 #include <string_view>
 
 #include "Platform/Clock.h"
-#include "Platform/Identities.h"
 #include "conversion/PipelineProperties.h"
 #include "conversion/TextOperations.h"
+#include "devicespecific/platform/Identities.h"
 #include "stages/Stages.h"
 
 namespace DeviceSpecificModule {

@@ -1,4 +1,4 @@
-#include "conversion/ExportedTables.h"
+#include "devicespecific/ExportedTables.h"
 
 #include <algorithm>
 #include <span>

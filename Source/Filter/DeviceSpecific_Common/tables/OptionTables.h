@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <span>
 
-#include "conversion/OptionRecord.h"
+#include "devicespecific/OptionRecord.h"
 
 // The option tables that are built into the module. Conversions of the five that are exported read the host's
 // copy (OptionTables), not these.

@@ -4,7 +4,7 @@
 #include <cstddef>
 #include <string_view>
 
-#include "conversion/OptionRecord.h"
+#include "devicespecific/OptionRecord.h"
 
 // What the builders of option tables share.
 

@@ -2,8 +2,8 @@
 
 #include <string_view>
 
-#include "conversion/OptionRecord.h"
 #include "conversion/PTConverter.h"
+#include "devicespecific/OptionRecord.h"
 
 namespace DeviceSpecificModule {
 

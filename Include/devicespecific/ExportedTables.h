@@ -2,8 +2,8 @@
 
 #include <cstdint>
 
-#include "conversion/ModuleApi.h"
-#include "conversion/OptionRecord.h"
+#include "devicespecific/OptionRecord.h"
+#include "devicespecific/platform/Export.h"
 
 // The device's option tables, for the host. A host takes a copy of each, may change its rows, and hands its
 // copies to every conversion in an OptionTables record.
@@ -30,25 +30,25 @@ extern "C" {
 // Media sizes: 73, and the terminating row. Keywords without prefix ("ISOA4"); the prefix that a ticket has
 // stands in NamespacePrefix. Three sizes at the end are custom ones: the %s of their fragments take width and
 // height, in micrometres.
-MODULE_API std::int32_t GetSizeOfPageMediaSize(std::uint32_t* count);
-MODULE_API std::int32_t GetPageMediaSize(OptionRecord* rows);
+DEVICESPECIFIC_API std::int32_t GetSizeOfPageMediaSize(std::uint32_t* count);
+DEVICESPECIFIC_API std::int32_t GetPageMediaSize(OptionRecord* rows);
 
 // Media types: 98, and the terminating row. Keywords with prefix ("psk:Plain"); those that end in "_2nd" are
 // the same medium on pre-printed paper.
-MODULE_API std::int32_t GetSizeOfPageMediaType(std::uint32_t* count);
-MODULE_API std::int32_t GetPageMediaType(OptionRecord* rows);
+DEVICESPECIFIC_API std::int32_t GetSizeOfPageMediaType(std::uint32_t* count);
+DEVICESPECIFIC_API std::int32_t GetPageMediaType(OptionRecord* rows);
 
 // Input bins: 10, and the terminating row. Keywords with prefix ("ns0000:TRAY1").
-MODULE_API std::int32_t GetSizeOfPageInputBin(std::uint32_t* count);
-MODULE_API std::int32_t GetPageInputBin(OptionRecord* rows);
+DEVICESPECIFIC_API std::int32_t GetSizeOfPageInputBin(std::uint32_t* count);
+DEVICESPECIFIC_API std::int32_t GetPageInputBin(OptionRecord* rows);
 
 // Printing on one side: a single mode, "psk:OneSided", and the terminating row.
-MODULE_API std::int32_t GetSizeOfSimplexPageMode(std::uint32_t* count);
-MODULE_API std::int32_t GetSimplexPageMode(OptionRecord* rows);
+DEVICESPECIFIC_API std::int32_t GetSizeOfSimplexPageMode(std::uint32_t* count);
+DEVICESPECIFIC_API std::int32_t GetSimplexPageMode(OptionRecord* rows);
 
 // Printing on two sides: "psk:TwoSidedLongEdge" and "psk:TwoSidedShortEdge", and the terminating row.
-MODULE_API std::int32_t GetSizeOfDuplexPageMode(std::uint32_t* count);
-MODULE_API std::int32_t GetDuplexPageMode(OptionRecord* rows);
+DEVICESPECIFIC_API std::int32_t GetSizeOfDuplexPageMode(std::uint32_t* count);
+DEVICESPECIFIC_API std::int32_t GetDuplexPageMode(OptionRecord* rows);
 
 }  // extern "C"
 }  // namespace DeviceSpecificModule

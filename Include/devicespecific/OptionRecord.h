@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-#include "Platform/WideText.h"
+#include "devicespecific/platform/WideText.h"
 
 namespace DeviceSpecificModule {
 

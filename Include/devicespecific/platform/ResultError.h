@@ -4,9 +4,9 @@
 #include <exception>
 #include <new>
 
-#include "Platform/Export.h"
+#include "devicespecific/platform/Export.h"
 
-namespace Platform {
+namespace DeviceSpecificModule::Platform {
 
 // Result codes, as unsigned 32-bit values.
 inline constexpr std::uint32_t ResultOutOfMemory = 0x8007000E;  // a text or a document could not be allocated
@@ -16,7 +16,7 @@ inline constexpr std::uint32_t ResultUnknownCodePage = 0x80070057;  // no conver
 
 // The error that carries a result code. Its class lives in the platform library alone, so that module and
 // host agree on its type and a host can catch what the module throws.
-class PLATFORM_API ResultError : public std::exception {
+class DEVICESPECIFIC_API ResultError : public std::exception {
 public:
     explicit ResultError(std::uint32_t code) noexcept;
     ~ResultError() override;
@@ -30,7 +30,7 @@ private:
 };
 
 // Throws a ResultError with this code.
-[[noreturn]] PLATFORM_API void ThrowResult(std::uint32_t code);
+[[noreturn]] DEVICESPECIFIC_API void ThrowResult(std::uint32_t code);
 
 // Gives what the function gives. Lack of memory is one error, ResultOutOfMemory, whoever notices it.
 template <typename Function>
@@ -42,4 +42,4 @@ auto WithOneMemoryError(Function function) {
     }
 }
 
-}  // namespace Platform
+}  // namespace DeviceSpecificModule::Platform

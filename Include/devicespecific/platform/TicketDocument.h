@@ -7,10 +7,10 @@
 #include <string>
 #include <string_view>
 
-#include "Platform/Export.h"
-#include "Platform/WideText.h"
+#include "devicespecific/platform/Export.h"
+#include "devicespecific/platform/WideText.h"
 
-namespace Platform {
+namespace DeviceSpecificModule::Platform {
 
 class IXMLDOMNode;
 class IXMLDOMDocument2;
@@ -20,7 +20,7 @@ using TicketDocument = std::shared_ptr<IXMLDOMDocument2>;
 // A node of a document. It stays valid memory for as long as it is held, also when it is removed or when the
 // document is loaded anew: it then belongs to what was, and changes to it no longer show in the document.
 // Operations throw ResultError (ResultOutOfMemory) without memory, and leave all as it was.
-class PLATFORM_API IXMLDOMNode {
+class DEVICESPECIFIC_API IXMLDOMNode {
 public:
     virtual ~IXMLDOMNode();
     // The whole string value, exactly as it stands: white space kept, comments left out.
@@ -57,10 +57,10 @@ struct PathStep {
 using Path = std::span<const PathStep>;
 
 // The path as an XPath query. Names go in as they are. Throws ResultError without memory.
-PLATFORM_API WideText QueryOf(Path path);
+DEVICESPECIFIC_API WideText QueryOf(Path path);
 
 // A Print Ticket.
-class PLATFORM_API IXMLDOMDocument2 {
+class DEVICESPECIFIC_API IXMLDOMDocument2 {
 public:
     virtual ~IXMLDOMDocument2();
     // Knows "SelectionNamespaces": declarations of the form xmlns:prefix='uri', separated by white space,
@@ -102,9 +102,9 @@ public:
 
 // A document loaded from a file's bytes, in the encoding that they declare or that a byte order mark shows,
 // else UTF-8; otherwise by loadXML's rules. Null for bytes that are refused; `error` then says why.
-PLATFORM_API TicketDocument LoadTicketDocument(std::string_view bytes, ParseError& error);
+DEVICESPECIFIC_API TicketDocument LoadTicketDocument(std::string_view bytes, ParseError& error);
 
 // The same from a text.
-PLATFORM_API TicketDocument LoadTicketDocument(const WideText& text, ParseError& error);
+DEVICESPECIFIC_API TicketDocument LoadTicketDocument(const WideText& text, ParseError& error);
 
-}  // namespace Platform
+}  // namespace DeviceSpecificModule::Platform

@@ -5,13 +5,13 @@
 #include <string_view>
 #include <variant>
 
-#include "Platform/Export.h"
-#include "Platform/WideText.h"
+#include "devicespecific/platform/Export.h"
+#include "devicespecific/platform/WideText.h"
 
-namespace Platform {
+namespace DeviceSpecificModule::Platform {
 
 // The property bag of a printer's driver or of its queue. Names compare exactly.
-class PLATFORM_API IPrinterPropertyBag {
+class DEVICESPECIFIC_API IPrinterPropertyBag {
 public:
     virtual ~IPrinterPropertyBag();
     // Give false, and leave `value` as it was, when the bag has no such property or one of another type.
@@ -33,7 +33,7 @@ using PropertyValue = std::variant<std::monostate, WideText, std::int32_t, Token
                                    std::shared_ptr<IPrinterPropertyBag>>;
 
 // The property bag that the filters of one print pipeline share. Names compare exactly.
-class PLATFORM_API IPrintPipelinePropertyBag {
+class DEVICESPECIFIC_API IPrintPipelinePropertyBag {
 public:
     virtual ~IPrintPipelinePropertyBag();
     // Gives false, and leaves `value` as it was, when there is no such property.
@@ -49,4 +49,4 @@ using PipelineBag = std::shared_ptr<IPrintPipelinePropertyBag>;
 using DriverBag = std::shared_ptr<IPrinterPropertyBag>;
 using QueueBag = std::shared_ptr<IPrinterPropertyBag>;
 
-}  // namespace Platform
+}  // namespace DeviceSpecificModule::Platform

@@ -4,9 +4,9 @@
 #include <initializer_list>
 #include <string_view>
 
-#include "Platform/Export.h"
+#include "devicespecific/platform/Export.h"
 
-namespace Platform {
+namespace DeviceSpecificModule::Platform {
 
 // A counted UTF-16 text that may be null. A value: copies are independent of each other, though they share
 // one buffer, so that copying costs a count. Texts compare unit by unit, and a null text equals an empty one.
@@ -16,7 +16,7 @@ namespace Platform {
 //
 // Different WideText objects may be used on different threads even when they share a buffer; one object may
 // not.
-class PLATFORM_API WideText {
+class DEVICESPECIFIC_API WideText {
 public:
     constexpr WideText() noexcept = default;  // null
     // A text of these units; not null, even when there are none. Throws ResultError (ResultOutOfMemory).
@@ -63,4 +63,4 @@ private:
     bool lacksUnits_ = false;
 };
 
-}  // namespace Platform
+}  // namespace DeviceSpecificModule::Platform

@@ -8,10 +8,10 @@
 #include <utility>
 #include <variant>
 
-#include "Platform/Export.h"
-#include "Platform/PropertyBags.h"
+#include "devicespecific/platform/Export.h"
+#include "devicespecific/platform/PropertyBags.h"
 
-namespace Platform {
+namespace DeviceSpecificModule::Platform {
 
 // Property bags that live in memory, for hosts that have none of their own. Not locked: what runs at the same
 // time must not share one, but to read. Operations throw std::bad_alloc without memory, and leave the bag as
@@ -21,7 +21,7 @@ using PrinterProperties = std::map<std::u16string, std::variant<WideText, std::i
 using PipelineProperties = std::map<std::u16string, PropertyValue, std::less<>>;
 
 // Holds what it was made with; nothing changes it.
-class PLATFORM_API MemoryPrinterBag final : public IPrinterPropertyBag {
+class DEVICESPECIFIC_API MemoryPrinterBag final : public IPrinterPropertyBag {
 public:
     explicit MemoryPrinterBag(PrinterProperties properties = {}) : properties_(std::move(properties)) {}
 
@@ -35,7 +35,7 @@ private:
     PrinterProperties properties_;
 };
 
-class PLATFORM_API MemoryPipelineBag final : public IPrintPipelinePropertyBag {
+class DEVICESPECIFIC_API MemoryPipelineBag final : public IPrintPipelinePropertyBag {
 public:
     explicit MemoryPipelineBag(PipelineProperties properties = {}) : properties_(std::move(properties)) {}
 
@@ -50,4 +50,4 @@ private:
     PipelineProperties properties_;
 };
 
-}  // namespace Platform
+}  // namespace DeviceSpecificModule::Platform

@@ -2,11 +2,11 @@
 
 #include <cstdint>
 
-#include "Platform/PropertyBags.h"
-#include "Platform/TicketDocument.h"
-#include "conversion/ExportedTables.h"
-#include "conversion/ModuleApi.h"
-#include "conversion/OptionRecord.h"
+#include "devicespecific/ExportedTables.h"
+#include "devicespecific/OptionRecord.h"
+#include "devicespecific/platform/Export.h"
+#include "devicespecific/platform/PropertyBags.h"
+#include "devicespecific/platform/TicketDocument.h"
 
 // The functions that the module exports: all that a host needs to include, beside the platform layer's
 // headers.
@@ -24,10 +24,10 @@ extern "C" {
 // A new snapshot, which carries a job's state from one ProcessDrvPT call to the next: what the job ticket's
 // custom properties said, the printer bags, the data lines so far, the page count. The caller owns it and
 // gives it back to DestroyPTConverterClassPointer. Throws std::bad_alloc.
-MODULE_API PTConverter* CreatePTConverterClassPointer();
+DEVICESPECIFIC_API PTConverter* CreatePTConverterClassPointer();
 
 // Destroys a snapshot; null does nothing.
-MODULE_API void DestroyPTConverterClassPointer(PTConverter* snapshot);
+DEVICESPECIFIC_API void DestroyPTConverterClassPointer(PTConverter* snapshot);
 
 // Converts one ticket and gives 1. `pipelineBag` and `ticket` must not be null; the ticket is edited in
 // place. `optionTables` and `snapshot` may be null. Without a snapshot the call starts from nothing.
@@ -50,9 +50,9 @@ MODULE_API void DestroyPTConverterClassPointer(PTConverter* snapshot);
 // one that was being written absent. A host that sees an error must use neither.
 //
 // Calls that share a snapshot, a ticket or a pipeline bag must not run at the same time; others may.
-MODULE_API std::int32_t ProcessDrvPT(Platform::PipelineBag pipelineBag, Platform::TicketDocument ticket,
-                                     std::int32_t level, const OptionTables* optionTables,
-                                     PTConverter* snapshot);
+DEVICESPECIFIC_API std::int32_t ProcessDrvPT(Platform::PipelineBag pipelineBag,
+                                             Platform::TicketDocument ticket, std::int32_t level,
+                                             const OptionTables* optionTables, PTConverter* snapshot);
 
 }  // extern "C"
 }  // namespace DeviceSpecificModule

@@ -1,0 +1,4 @@
+#pragma once
+
+// Marks what the module and the platform library offer; everything else in them stays hidden.
+#define DEVICESPECIFIC_API __attribute__((visibility("default")))
