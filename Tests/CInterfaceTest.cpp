@@ -1,14 +1,9 @@
 #include <gtest/gtest.h>
 
-#include <cstdio>
 #include <cstring>
-#include <fstream>
 #include <functional>
-#include <iterator>
 #include <map>
 #include <new>
-#include <regex>
-#include <set>
 #include <stdexcept>
 #include <string>
 #include <thread>
@@ -515,26 +510,6 @@ TEST(CInterface, WorksOnSeveralThreadsAtATime) {
         });
     for (std::thread& thread : threads) thread.join();
     for (const std::string& result : results) EXPECT_EQ(result, golden);
-}
-
-TEST(CInterface, ExportsItsFunctionsAlone) {
-    std::ifstream header(C_HEADER_FILE);
-    const std::string text(std::istreambuf_iterator<char>(header), {});
-    std::set<std::string> declared, found;
-    const std::regex declaration(R"(^(?:DsmStatus|void) (Dsm\w+)\()",
-                                 std::regex::ECMAScript | std::regex::multiline);
-    for (std::sregex_iterator each(text.begin(), text.end(), declaration), end; each != end; ++each)
-        declared.insert((*each)[1]);
-    EXPECT_EQ(declared.size(), 14u);
-    FILE* listing = popen("nm -D --defined-only '" C_INTERFACE_FILE "'", "r");
-    ASSERT_NE(listing, nullptr);
-    char line[512];
-    while (fgets(line, sizeof line, listing) != nullptr) {
-        const std::string name = line;
-        found.insert(name.substr(name.rfind(' ') + 1, name.find('\n') - name.rfind(' ') - 1));
-    }
-    EXPECT_EQ(pclose(listing), 0);
-    EXPECT_EQ(found, declared);
 }
 
 }  // namespace

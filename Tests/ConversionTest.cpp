@@ -1,9 +1,6 @@
 #include <dlfcn.h>
 #include <gtest/gtest.h>
 #include <json/json.h>
-#include <stdio.h>
-
-#include <set>
 
 #include "Support.h"
 #include "conversion/JsonState.h"
@@ -271,33 +268,6 @@ TEST(Conversion, PassesTheJsonLibrarysErrorsOn) {
         EXPECT_EQ(host.Data(), "(absent)");
         EXPECT_EQ(host.Snapshot.CustomProperties, nullptr);
     }
-}
-
-TEST(Module, ExportsItsFunctionsAndNothingElse) {
-    const std::set<std::string> expected = {"ProcessDrvPT",
-                                            "CreatePTConverterClassPointer",
-                                            "DestroyPTConverterClassPointer",
-                                            "GetSizeOfPageMediaSize",
-                                            "GetPageMediaSize",
-                                            "GetSizeOfPageMediaType",
-                                            "GetPageMediaType",
-                                            "GetSizeOfPageInputBin",
-                                            "GetPageInputBin",
-                                            "GetSizeOfSimplexPageMode",
-                                            "GetSimplexPageMode",
-                                            "GetSizeOfDuplexPageMode",
-                                            "GetDuplexPageMode"};
-    std::set<std::string> found;
-    FILE* listing = popen("nm -D --defined-only '" MODULE_FILE "'", "r");
-    ASSERT_NE(listing, nullptr);
-    char line[512];
-    while (fgets(line, sizeof line, listing) != nullptr) {
-        std::string name = line;
-        name = name.substr(name.rfind(' ') + 1);
-        found.insert(name.substr(0, name.find('\n')));
-    }
-    EXPECT_EQ(pclose(listing), 0);
-    EXPECT_EQ(found, expected);
 }
 
 TEST(Module, ThrowsErrorsThatAHostCatchesByType) {

@@ -1,22 +1,15 @@
 #include <gtest/gtest.h>
 
-#include <cstdio>
 #include <regex>
 #include <string>
+
+#include "Support.h"
 
 // What the compiler and the linker must have done against attackers to everything that users run, read back
 // from the built objects by readelf, which stands beside every linker.
 
+namespace DeviceSpecificModule {
 namespace {
-
-std::string OutputOf(const std::string& command) {
-    std::FILE* pipe = popen(("LC_ALL=C " + command).c_str(), "r");
-    std::string output;
-    for (int byte = 0; pipe != nullptr && (byte = std::fgetc(pipe)) != EOF;)
-        output += static_cast<char>(byte);
-    EXPECT_TRUE(pipe != nullptr && pclose(pipe) == 0) << command;
-    return output;
-}
 
 struct Guard {
     const char* Name;
@@ -95,3 +88,4 @@ TEST(Hardening, CallsOfTheLibraryAreChecked) {
 }
 
 }  // namespace
+}  // namespace DeviceSpecificModule

@@ -1,6 +1,9 @@
 #include "Support.h"
 
+#include <gtest/gtest.h>
+
 #include <algorithm>
+#include <cstdio>
 #include <stdexcept>
 
 #include "conversion/JsonState.h"
@@ -107,6 +110,15 @@ const std::vector<std::string>& AllTables() {
     return names;
 }
 }  // namespace
+
+std::string OutputOf(const std::string& command) {
+    std::FILE* pipe = popen(("export LC_ALL=C; " + command).c_str(), "r");
+    std::string output;
+    for (int byte = 0; pipe != nullptr && (byte = std::fgetc(pipe)) != EOF;)
+        output += static_cast<char>(byte);
+    EXPECT_TRUE(pipe != nullptr && pclose(pipe) == 0) << command;
+    return output;
+}
 
 TestHost::TestHost(Platform::PipelineProperties pipeline, bool withTables)
     : Bag(std::make_shared<Platform::MemoryPipelineBag>(std::move(pipeline))),
