@@ -31,7 +31,7 @@ class Refused(Exception):
     """What a function of the library said."""
 
 
-library = ctypes.CDLL(os.environ.get("DEVICESPECIFIC_LIBRARY", "libdevicespecificc.so"))
+library = ctypes.CDLL(os.environ.get("DEVICESPECIFIC_LIBRARY", "libdevicespecificc.so.0"))
 SIGNATURES = {
     "DsmNewJob": [POINTER(c_void_p)],
     "DsmSetProperty": [c_void_p, c_int32, c_char_p, POINTER(Value)],

@@ -49,3 +49,14 @@ function(set_exports library list)
     target_link_options(${library} PRIVATE -Wl,--version-script=${list} -Wl,-z,defs)
     set_target_properties(${library} PROPERTIES LINK_DEPENDS ${list})
 endfunction()
+
+# Where a built object seeks the libraries that were built with it. Once it is installed in a folder it seeks where the
+# system does. CMake's own way to that ends the path in the build with an empty place, which the loader takes for the
+# folder that the user is in.
+function(search_in_build target path folder component)
+    set_target_properties(${target} PROPERTIES BUILD_WITH_INSTALL_RPATH ON INSTALL_RPATH ${path})
+    install(CODE "set(file \"${folder}/$<TARGET_FILE_NAME:${target}>\")
+                  cmake_path(ABSOLUTE_PATH file BASE_DIRECTORY \"\${CMAKE_INSTALL_PREFIX}\")
+                  file(RPATH_REMOVE FILE \"\$ENV{DESTDIR}\${file}\")"
+            COMPONENT ${component})
+endfunction()
