@@ -11,6 +11,7 @@
 
 #include "FailingMemory.h"
 #include "FaultRuns.h"
+#include "Platform/XmlElement.h"
 #include "devicespecific/platform/CodePages.h"
 #include "devicespecific/platform/ResultError.h"
 #include "secrets/SecretPreparation.h"
@@ -311,6 +312,8 @@ TEST(Faults, OfTextsAreResultErrors) {
     Platform::TicketNode option;
     ASSERT_TRUE(ticket->selectSingleNode(u"//psf:Option", option) && option);
     const WideText before = ticket->xml();
+    Platform::ParseError error;
+    const Platform::XmlElement element = Platform::ReadXml(before, error).value();
     using Platform::CodePage;
     const struct {
         const char* Name;
@@ -324,6 +327,7 @@ TEST(Faults, OfTextsAreResultErrors) {
         {"secret", [&] { text = ProtectJobSecret(converter, otherWide); }},
         {"a ticket's text", [&] { text = ticket->xml(); }},
         {"a ticket's text in the library", [&] { text = ticket->xml(); }, Allocator::Malloc},
+        {"a document's text in the library", [&] { bytes = Platform::WriteXml(element); }, Allocator::Malloc},
         {"an item's text", [&] { text = option->parentNode()->text(); }, Allocator::Malloc},
         {"an item's new text", [&] { option->setText(otherWide); }, Allocator::Malloc},
     };

@@ -9,6 +9,7 @@
 
 #include "Cases.h"
 #include "Platform/Clock.h"
+#include "Platform/XmlElement.h"
 #include "devicespecific/platform/CodePages.h"
 #include "devicespecific/platform/TicketDocument.h"
 #include "devicespecific/platform/WideText.h"
@@ -296,6 +297,25 @@ TEST(TicketDocumentTest, XmlKeepsTheDocument) {
         EXPECT_TRUE(document->loadXML(document->xml())) << each[1].asString();
         EXPECT_EQ(Narrow(document->xml()), each[1].asString());
     }
+}
+
+TEST(XmlElementTest, WhatIsWrittenReadsTheSame) {
+    const std::string odd = "a<b>&\"'\r\n\t ]]>&amp;\xC3\xA9\xF0\x9F\x98\x80";
+    const XmlElement root{.Name = {"p", "a", ""},
+                          .Namespaces = {{"p", "urn:p"}, {"", "urn:default"}},
+                          .Attributes = {{{"p", "x", ""}, odd}, {{"", "y", ""}, ""}},
+                          .Text = "",
+                          .Children = {{{"", "b", ""}, {}, {}, odd, {}}, {{"p", "c", ""}, {}, {}, "", {}}}};
+    ParseError error;
+    const std::string written = WriteXml(root);
+    const auto read = ReadXml(written, error);
+    ASSERT_TRUE(read) << error.Reason << written;
+    EXPECT_TRUE(written.starts_with("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<p:a ")) << written;
+    EXPECT_EQ(read->Name.Namespace + read->Attributes.at(0).Name.Namespace, "urn:purn:p");
+    EXPECT_EQ(read->Attributes.at(0).Value + "|" + read->Attributes.at(1).Value, odd + "|");
+    EXPECT_EQ(read->Children.at(0).Text, odd);
+    EXPECT_EQ(read->Children.at(0).Name.Namespace, "urn:default");
+    EXPECT_EQ(read->Children.at(1).Name.Namespace, "urn:p");
 }
 
 TEST(TicketDocumentTest, EncodingsOfBytes) {

@@ -10,7 +10,8 @@
 
 namespace DeviceSpecificModule::Platform {
 
-// XML as plain values, for who reads a whole document rather than ask for a node of it. Texts are UTF-8.
+// XML as plain values, for who reads a whole document rather than ask for a node of it, or makes one. Texts
+// are UTF-8.
 
 // A name as it is written, with the namespace that its prefix stands for there; empty: none.
 struct XmlName {
@@ -43,5 +44,12 @@ DEVICESPECIFIC_API std::optional<XmlElement> ReadXml(std::string_view bytes, Par
 
 // The same from a text.
 DEVICESPECIFIC_API std::optional<XmlElement> ReadXml(const WideText& text, ParseError& error);
+
+// A whole document with this root, as UTF-8 that says so, a line for each element that holds no text; an
+// element's own text goes ahead of its children. What ReadXml gave reads the same again but for white space
+// between elements and the order of text and children. Names are written by their prefixes, which an element
+// or one around it must declare; they must be XML's names, and texts hold characters that XML has. Throws
+// ResultError or std::bad_alloc without memory.
+DEVICESPECIFIC_API std::string WriteXml(const XmlElement& root);
 
 }  // namespace DeviceSpecificModule::Platform
