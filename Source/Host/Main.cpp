@@ -14,8 +14,8 @@ namespace {
 
 constexpr int inputStatus = 2;
 
-constexpr AddVerb verbs[] = {AddConvertVerb, AddExplainVerb, AddDiffVerb,
-                             AddCheckVerb,   AddTablesVerb,  AddPassphraseVerb};
+constexpr AddVerb verbs[] = {AddConvertVerb,      AddExplainVerb, AddDiffVerb,      AddCheckVerb,
+                             AddCapabilitiesVerb, AddTablesVerb,  AddPassphraseVerb};
 
 }  // namespace
 

@@ -9,13 +9,17 @@ WordList WordsOfTable(std::string_view table) {
     WordList words;
     for (const OptionRecord& row : CopyOptionTable(table)) {
         if (row.Keyword.IsNull()) break;
-        const bool hasPrefix = row.Keyword.View().find(u':') != std::u16string_view::npos;
-        words.push_back((hasPrefix ? "" : ToUtf8(row.NamespacePrefix) + ":") + ToUtf8(row.Keyword));
+        words.push_back(WordOf(row));
     }
     return words;
 }
 
 }  // namespace
+
+std::string WordOf(const OptionRecord& row) {
+    const bool hasPrefix = row.Keyword.View().find(u':') != std::u16string_view::npos;
+    return (hasPrefix ? "" : ToUtf8(row.NamespacePrefix) + ":") + ToUtf8(row.Keyword);
+}
 
 const WordList& MediaSizeWords() {
     static const WordList words = WordsOfTable("PageMediaSize");

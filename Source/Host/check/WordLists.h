@@ -5,6 +5,7 @@
 
 #include "Host/check/Vocabulary.h"
 #include "Host/ground/Texts.h"
+#include "devicespecific/OptionRecord.h"
 
 namespace TicketHost {
 
@@ -27,6 +28,9 @@ const WordList& WordsOf() {
     }();
     return all;
 }
+
+// How a ticket writes the option of a row of an exported table, prefix included.
+std::string WordOf(const DeviceSpecificModule::OptionRecord& row);
 
 // The options of one of the tables that the module exports, with their prefixes.
 const WordList& MediaSizeWords();

@@ -105,21 +105,10 @@ void SetDimensions(PageFacts& facts, const std::vector<TicketItem>& ticket) {
     facts.Height = ReadDimension(ticket, *option, "MediaSizeHeight");
 }
 
-// A table's fragment declares no prefixes, since it goes into a ticket that does.
-std::vector<TicketItem> ItemsOfFragment(const std::string& fragment) {
-    std::string xml = "<psf:PrintTicket xmlns:psf=\"";
-    xml.append(FrameworkNamespace).append("\" xmlns:psk=\"").append(KeywordsNamespace);
-    xml.append("\" xmlns:xsi=\"http://www.w3.org/2001/XMLSchema-instance\" xmlns:xsd=\"x\">");
-    xml.append(fragment).append("</psf:PrintTicket>");
-    Platform::ParseError error;
-    const auto root = Platform::ReadXml(xml, error);
-    return root ? ItemsOf(*root) : std::vector<TicketItem>();
-}
-
 // Of a size's row, for one that no longer stands in the ticket.
 void SetTableDimensions(PageFacts& facts) {
     const auto row = std::ranges::find(OptionsOf(Sizes), facts.Size.Name, &OptionLine::Keyword);
-    if (row != OptionsOf(Sizes).end()) SetDimensions(facts, ItemsOfFragment(row->Fragment));
+    if (row != OptionsOf(Sizes).end()) SetDimensions(facts, ItemsOf(RootOfFragment(row->Fragment)));
 }
 
 // Of several sizes with one line it is the one that the conversion says it found. Where none was sent, that

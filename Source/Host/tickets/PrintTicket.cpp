@@ -9,10 +9,10 @@ namespace TicketHost {
 constinit const std::string_view FrameworkNamespace = FRAMEWORK_NAMESPACE;
 constinit const std::string_view KeywordsNamespace = KEYWORDS_NAMESPACE;
 constinit const std::string_view DevmodeNamespace = DEVMODE_NAMESPACE;
+constinit const std::string_view SchemaInstanceNamespace = "http://www.w3.org/2001/XMLSchema-instance";
+constinit const std::string_view SchemaNamespace = "http://www.w3.org/2001/XMLSchema";
 
 namespace {
-
-constexpr std::string_view SchemaInstanceNamespace = "http://www.w3.org/2001/XMLSchema-instance";
 
 using Platform::XmlElement;
 using Scope = std::vector<Platform::XmlNamespace>;  // the innermost declarations last
@@ -163,6 +163,15 @@ TicketItem ItemOfRoot(const XmlElement& root) {
 
 std::vector<TicketItem> ItemsOf(const XmlElement& root) {
     return IsPrintTicket(root) ? ItemOfRoot(root).Items : std::vector<TicketItem>();
+}
+
+XmlElement RootOfFragment(std::string_view fragment) {
+    std::string xml = "<psf:PrintTicket xmlns:psf=\"";
+    xml.append(FrameworkNamespace).append("\" xmlns:xsi=\"").append(SchemaInstanceNamespace);
+    xml.append("\" xmlns:xsd=\"").append(SchemaNamespace).append("\" xmlns:psk=\"");
+    xml.append(KeywordsNamespace).append("\">").append(fragment).append("</psf:PrintTicket>");
+    Platform::ParseError error;
+    return Platform::ReadXml(xml, error).value_or(XmlElement());
 }
 
 const TicketItem* FindItem(const std::vector<TicketItem>& items, ItemKind kind, std::string_view space,

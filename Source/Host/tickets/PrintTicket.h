@@ -9,8 +9,9 @@
 
 namespace TicketHost {
 
-// Namespaces of the published Print Schema, and the vendor's own.
+// Namespaces of the published Print Schema, the vendor's own, and those of types in XML.
 extern const std::string_view FrameworkNamespace, KeywordsNamespace, DevmodeNamespace;
+extern const std::string_view SchemaInstanceNamespace, SchemaNamespace;
 
 enum class ItemKind { Feature, Option, ScoredProperty, Property, Parameter, Other };
 
@@ -45,6 +46,10 @@ std::vector<TicketItem> ItemsOf(const Platform::XmlElement& root);
 
 // Whether the root is psf:PrintTicket, whatever its prefix.
 bool IsPrintTicket(const Platform::XmlElement& root);
+
+// The root of a ticket that holds a fragment of an option table and nothing else. Such a fragment declares no
+// prefixes, since it goes into a ticket that does. Without children for what is no XML.
+Platform::XmlElement RootOfFragment(std::string_view fragment);
 
 // The first item of that kind and name, or null.
 const TicketItem* FindItem(const std::vector<TicketItem>& items, ItemKind kind, std::string_view space,

@@ -15,6 +15,7 @@ void AddConvertVerb(CLI::App& app, Action& action);
 void AddExplainVerb(CLI::App& app, Action& action);
 void AddDiffVerb(CLI::App& app, Action& action);
 void AddCheckVerb(CLI::App& app, Action& action);
+void AddCapabilitiesVerb(CLI::App& app, Action& action);
 void AddTablesVerb(CLI::App& app, Action& action);
 void AddPassphraseVerb(CLI::App& app, Action& action);
 
