@@ -64,7 +64,7 @@ std::string Describe(bool isTaken, const TicketNode& node) {
            (parent ? Narrow(parent->text().View()) : "");
 }
 
-void RequireWalk(const TicketDocument& ticket, std::span<const PathStep> path) {
+void RequireWalk(const TicketDocument& ticket, Platform::Path path) {
     TicketNode walked, queried;
     const WideText query = Platform::QueryOf(path);
     const bool walks = ticket->selectPath(path, walked);

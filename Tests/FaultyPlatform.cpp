@@ -149,7 +149,8 @@ public:
         return Select("selectPath", QueryOf(path).View(), node,
                       [&] { return document_->selectPath(path, node); });
     }
-    bool selectSeries(Platform::Path path, std::size_t numbered, std::span<TicketNode> nodes) override {
+    bool selectSeries(Platform::Path path, std::size_t numbered,
+                      Platform::ArrayView<TicketNode> nodes) override {
         return Call(fault_, "selectSeries", QueryOf(path).View(), false, [&] {
             const bool result = document_->selectSeries(path, numbered, nodes);
             for (TicketNode& node : nodes) WrapNode(node, fault_);

@@ -123,7 +123,7 @@ public:
                                     PrefixOf(step) + Utf8(*step.Name));
         return held_->selectPath(path, node);
     }
-    bool selectSeries(Path path, std::size_t numbered, std::span<TicketNode> nodes) override {
+    bool selectSeries(Path path, std::size_t numbered, Platform::ArrayView<TicketNode> nodes) override {
         asked->Items.insert("series " + Utf8(*path[numbered].Name));
         return held_->selectSeries(path, numbered, nodes);
     }

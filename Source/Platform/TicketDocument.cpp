@@ -44,7 +44,7 @@ bool IXMLDOMDocument2::selectPath(Path path, TicketNode& node) {
     return selectSingleNode(QueryOf(path).View(), node);
 }
 
-bool IXMLDOMDocument2::selectSeries(Path, std::size_t, std::span<TicketNode>) { return false; }
+bool IXMLDOMDocument2::selectSeries(Path, std::size_t, ArrayView<TicketNode>) { return false; }
 
 bool IXMLDOMDocument2::appendToRoot(std::u16string_view root, const WideText& fragments) {
     const WideText text = xml();

@@ -3,10 +3,10 @@
 #include <cstddef>
 #include <memory>
 #include <optional>
-#include <span>
 #include <string>
 #include <string_view>
 
+#include "devicespecific/platform/ArrayView.h"
 #include "devicespecific/platform/Export.h"
 #include "devicespecific/platform/WideText.h"
 
@@ -54,7 +54,7 @@ struct PathStep {
     std::optional<std::u16string_view> Name = std::nullopt;
     std::optional<std::u16string_view> Namespace = std::nullopt;
 };
-using Path = std::span<const PathStep>;
+using Path = ArrayView<const PathStep>;
 
 // The path as an XPath query. Names go in as they are. Throws ResultError without memory.
 DEVICESPECIFIC_API WideText QueryOf(Path path);
@@ -92,7 +92,7 @@ public:
     // whose step `numbered` has the three digits of i, from "000" on, behind its Name. There must be steps
     // behind that one and none at any depth up to it. False, and nothing done, where asking for each is no
     // dearer.
-    virtual bool selectSeries(Path path, std::size_t numbered, std::span<TicketNode> nodes);
+    virtual bool selectSeries(Path path, std::size_t numbered, ArrayView<TicketNode> nodes);
     // Puts XML behind all children of the root by way of the text: cut at the root's end tag, which is taken
     // for that of `root` (as "psf:PrintTicket"), filled up and loaded anew. Nothing is escaped or mended:
     // when the text is refused, the document stays as it was. Nodes taken before belong to the old document.

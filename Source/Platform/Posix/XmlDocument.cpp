@@ -191,9 +191,10 @@ public:
         return true;
     }
 
-    bool selectSeries(Path path, std::size_t numbered, std::span<TicketNode> nodes) override {
-        const PathWalk items(path.first(numbered + 1), namespaces_, PathWalk::Names::Series);
-        const PathWalk inside(path.subspan(numbered + 1), namespaces_);
+    bool selectSeries(Path path, std::size_t numbered, ArrayView<TicketNode> nodes) override {
+        const PathStep* const behind = path.begin() + numbered + 1;
+        const PathWalk items({path.begin(), numbered + 1}, namespaces_, PathWalk::Names::Series);
+        const PathWalk inside({behind, path.size() - numbered - 1}, namespaces_);
         if (!items.IsPossible() || !inside.IsPossible()) return false;
         const auto take = [&](xmlNodePtr item) {
             const std::size_t number = NumberInSeries(item);
