@@ -235,6 +235,15 @@ DsmStatus DsmGetPropertyAt(DsmResult* result, size_t index, const char** name, D
                            DsmError* error);
 void DsmFreeResult(DsmResult* result);
 
+/* ---- Texts of people -------------------------------------------------------------------------------- */
+
+/* Makes a text harmless that goes into the job header, and gives its new length, which is not greater. The
+ * header takes the user's name, the document's name and the setting "HoldKey" as they are, and a line end in
+ * one of them would begin a command. Control characters become blanks, the double quote an apostrophe, "%s"
+ * "%S", in place; the text needs no zero byte at its end and gets none. PjlText.h says where each of these
+ * texts comes from. Null is for a length of 0. */
+size_t DsmCleanForPjl(char* text, size_t length);
+
 #ifdef __cplusplus
 }
 #endif

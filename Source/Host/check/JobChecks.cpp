@@ -183,11 +183,10 @@ void CheckQueue(const Job& job, Findings& findings) {
     const Platform::WideText queue = FindText(job.Settings.Pipeline, u"PrinterName");
     if (!job.Settings.DocumentName && !queue.IsNull()) Platform::GetFirstDocumentName(queue, wideName);
     const std::string name = ToUtf8(wideName);
-    if (!HasControls(name) && name.find('"') == name.npos) return;
-    findings.push_back({FindingKind::Warning, job.Name, "pipeline.PrinterName", 0,
-                        "the document's name " + Quoted(name) +
-                            " goes into the header as it is, where it ends a line or a quoted text",
-                        ""});
+    const std::string harm = HarmInHeader(name);
+    if (!harm.empty())
+        findings.push_back({FindingKind::Warning, job.Name, "pipeline.PrinterName", 0,
+                            "the document's name " + Quoted(name) + " " + harm, ""});
 }
 
 void AddManifestLines(const std::string& bytes, const Job& job, Findings& findings) {

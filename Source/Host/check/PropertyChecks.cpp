@@ -109,11 +109,10 @@ void CheckUser(const Job& job, Findings& findings) {
     const auto* token = std::get_if<Platform::TokenHandle>(&found->second);
     if (token == nullptr) return;
     const std::string name = ToUtf8(Platform::GetNameOfUser(*token));
-    if (HasControls(name) || name.find('"') != name.npos)
+    const std::string harm = HarmInHeader(name);
+    if (!harm.empty())
         findings.push_back({FindingKind::Warning, job.Name, "pipeline.UserSecurityToken", 0,
-                            "the user's name " + Quoted(name) +
-                                " goes into the header as it is, where it ends a line or a quoted text",
-                            ""});
+                            "the user's name " + Quoted(name) + " " + harm, ""});
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 
 #include "Host/ground/Nearest.h"
 #include "Host/ground/Texts.h"
+#include "devicespecific/PjlText.h"
 
 namespace TicketHost {
 namespace {
@@ -134,7 +135,17 @@ std::string_view Trimmed(std::string_view text) {
 std::string Quoted(std::string_view text) { return '"' + Shortened(std::string(text), longestQuoted) + '"'; }
 
 bool HasControls(std::string_view text) {
-    return std::ranges::any_of(text, [](char c) { return static_cast<unsigned char>(c) < ' ' || c == 0x7F; });
+    return std::ranges::any_of(UnitsOf(text), [](char16_t unit) {
+        return DeviceSpecificModule::CleanUnitForPjl(unit, 0) == u' ' && unit != u' ';
+    });
+}
+
+std::string HarmInHeader(std::string_view name) {
+    const std::u16string units = UnitsOf(name);
+    if (DeviceSpecificModule::IsCleanForPjl(units)) return "";
+    const bool endsText = HasControls(name) || name.find('"') != name.npos;
+    return std::string("goes into the header as it is, where ") +
+           (endsText ? "it ends a line or a quoted text" : "its %s is filled with another name");
 }
 
 }  // namespace TicketHost

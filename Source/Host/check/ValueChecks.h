@@ -33,4 +33,8 @@ std::string Quoted(std::string_view text);
 // Whether a command that holds this text may become another one: it has control characters.
 bool HasControls(std::string_view text);
 
+// What a name does that goes into the header as it is, as the end of a sentence about it; empty for one that
+// does no harm there.
+std::string HarmInHeader(std::string_view name);
+
 }  // namespace TicketHost
