@@ -2,7 +2,9 @@
 #include <json/json.h>
 
 #include <algorithm>
+#include <fstream>
 #include <map>
+#include <regex>
 #include <set>
 
 #include "Host/check/Vocabulary.h"
@@ -24,6 +26,7 @@ using Names = std::set<std::string>;
 
 struct Asked {
     Names Settings, PerPage, Items, Properties;
+    std::map<std::string, std::string> Written;  // properties of the pipeline, and their types
 };
 
 Asked* asked = nullptr;  // of the conversion that is being watched
@@ -78,6 +81,9 @@ public:
         return held_.GetProperty(name, value);
     }
     bool AddProperty(std::u16string_view name, const Platform::PropertyValue& value) override {
+        const bool isText = std::holds_alternative<WideText>(value);
+        const bool isAddress = std::holds_alternative<Platform::BareReference>(value);
+        asked->Written[Utf8(name)] = isText ? "text" : isAddress ? "address" : "other";
         return held_.AddProperty(name, value);
     }
     bool DeleteProperty(std::u16string_view name) override { return held_.DeleteProperty(name); }
@@ -239,6 +245,54 @@ TEST(Vocabulary, IsWhatConversionsAskFor) {
     for (const PropertyRow& row : PropertyRows())
         EXPECT_TRUE(IsPropertyRead(Bag::Pipeline, row.Name) || IsPropertyRead(Bag::Queue, row.Name))
             << row.Name;
+}
+
+// A row of the table in the module's header: "pipeline PAPER_SIZE read D written JP text".
+std::string PropertyLine(const std::string& bagAndName, const std::string& read, const std::string& written,
+                         const std::string& type) {
+    return bagAndName + " read " + read + " written " + written + " " + type;
+}
+
+Names PropertyTable() {
+    std::ifstream header(MODULE_HEADER_FILE);
+    const std::regex row(R"(/// \| `(\w+)(?:\.\.\.)?` +\| (\w+) +\| ([JDP ]+) \| ([JDP ]+) \| (\w+) +\|.*)");
+    const auto levels = [](std::string cell) {
+        std::erase(cell, ' ');
+        return cell;
+    };
+    Names lines;
+    std::smatch cells;
+    for (std::string line; std::getline(header, line);)
+        if (std::regex_match(line, cells, row)) {
+            const std::string bagAndName = cells.str(2) + " " + cells.str(1);
+            line = PropertyLine(bagAndName, levels(cells.str(3)), levels(cells.str(4)), cells.str(5));
+            EXPECT_TRUE(lines.insert(line).second) << line;
+        }
+    return lines;
+}
+
+std::string TypeOf(const KnownProperty& row) {
+    if (row.Type == PropertyType::Text) return "text";
+    if (row.Type == PropertyType::Number) return "integer";
+    return row.Name.ends_with("Bag") ? "bag" : "token";
+}
+
+TEST(Vocabulary, TheHeadersTableHoldsThePropertiesThatConversionsReadAndWrite) {
+    std::map<std::string, std::string> read, written, types;
+    for (const auto& [level, each] : WatchAllKinds()) {
+        const char letter = level == AtJob ? 'J' : level == AtDocument ? 'D' : 'P';
+        for (const std::string& name : each.Properties) read[name] += letter;
+        for (const auto& [name, type] : each.Written) {
+            written["pipeline " + name] += letter;
+            types["pipeline " + name] = type;
+        }
+    }
+    const char* bags[] = {"pipeline ", "driver ", "queue "};
+    for (const KnownProperty& row : KnownProperties())
+        types[bags[static_cast<int>(row.In)] + std::string(row.Name)] = TypeOf(row);
+    Names lines;
+    for (const auto& [name, type] : types) lines.insert(PropertyLine(name, read[name], written[name], type));
+    EXPECT_EQ(PropertyTable(), lines);
 }
 
 }  // namespace

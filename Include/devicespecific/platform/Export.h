@@ -1,4 +1,7 @@
 #pragma once
 
-// Marks what the module and the platform library offer; everything else in them stays hidden.
+/// @file
+/// What is visible of the libraries.
+
+/// Marks what the module and the platform library offer; everything else in them stays hidden.
 #define DEVICESPECIFIC_API __attribute__((visibility("default")))
