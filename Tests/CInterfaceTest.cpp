@@ -13,6 +13,7 @@
 #include "Support.h"
 #include "devicespecific/devicespecific.h"
 #include "devicespecific/platform/CodePages.h"
+#include "tables/OptionTables.h"
 
 // The C interface's contracts. What conversions come to is tested by way of the module.
 
@@ -115,6 +116,7 @@ TEST(CInterface, RefusesWhatMakesNoSense) {
     DsmError& error = host.Error;
     DsmValue out;
     DsmTicket* none = host.Ticket;
+    const std::size_t pastSizes = MediaSizeCount - 1;  // the terminating row is none
     const char *wrongTables[] = {"PageMediaType", "PageMediaTypes"}, *nullTable[] = {nullptr};
     const std::string longName = [] {
         std::string name;
@@ -162,7 +164,7 @@ TEST(CInterface, RefusesWhatMakesNoSense) {
         {"no table \"" + cut, get(longName.c_str(), DSM_KEYWORD)},
         {"no field 0", get("PageInputBin", 0)},
         {"no field 11", get("PageInputBin", 11)},
-        {"no row 73", change(73, &text)},
+        {"no row " + std::to_string(pastSizes), change(pastSizes, &text)},
         {"a field holds texts alone", change(0, &null)},
         {"a text is not UTF-8 at byte 2", change(0, &wrong)},
         {"bytes is null", [&] { return DsmLoadTicket(nullptr, 0, &none, &error); }},
@@ -378,11 +380,11 @@ TEST(CInterface, BearsBagsThatMisbehave) {
 }
 
 TEST(CInterface, ConvertsByTheTablesOfTheJob) {
-    const std::pair<const char*, std::size_t> tables[] = {{"PageMediaSize", 73},
-                                                          {"PageMediaType", 98},
-                                                          {"PageInputBin", 10},
-                                                          {"SimplexPageMode", 1},
-                                                          {"DuplexPageMode", 2}};
+    const std::pair<const char*, std::size_t> tables[] = {{"PageMediaSize", MediaSizeCount - 1},
+                                                          {"PageMediaType", MediaTypeCount - 1},
+                                                          {"PageInputBin", InputBinCount - 1},
+                                                          {"SimplexPageMode", SimplexPageModeCount - 1},
+                                                          {"DuplexPageMode", DuplexPageModeCount - 1}};
     CHost host;
     for (const auto& [name, rows] : tables) {
         EXPECT_NE(host.Field(name, rows - 1, DSM_KEYWORD), "(absent)") << name;

@@ -3,6 +3,8 @@
 #include <json/reader.h>
 
 #include <fstream>
+#include <iterator>
+#include <regex>
 #include <stdexcept>
 
 #include "devicespecific/platform/CodePages.h"
@@ -37,6 +39,16 @@ Json::Value ReadCases(const std::string& file) {
         cases.empty())
         throw std::runtime_error("no cases in " + file + ": " + errors);
     return cases;
+}
+
+std::string FileText(const std::string& path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+std::vector<std::string> Matches(const std::string& text, const char* pattern) {
+    const std::regex group(pattern);
+    return {std::sregex_token_iterator(text.begin(), text.end(), group, 1), {}};
 }
 
 }  // namespace DeviceSpecificModule

@@ -5,6 +5,7 @@
 #include <ostream>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "devicespecific/platform/WideText.h"
 
@@ -31,5 +32,12 @@ public:
 
 // The cases of a file below Tests/Data: a JSON list that is not empty.
 Json::Value ReadCases(const std::string& file);
+
+// The bytes of a file, none of one that isn't there.
+std::string FileText(const std::string& path);
+
+// What the group of a pattern matched, everywhere in a text. Tests read in the sources what they must know
+// of.
+std::vector<std::string> Matches(const std::string& text, const char* pattern);
 
 }  // namespace DeviceSpecificModule

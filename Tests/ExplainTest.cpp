@@ -89,8 +89,9 @@ TEST(Explain, EachItemOfTheFullestSampleDoesWhatItShould) {
     EXPECT_EQ(surplus, Names()) << "have no effect";
     for (const char* what : {"effects", "together", "hidden"}) {
         for (const std::string& name : found[what].getMemberNames())
-            EXPECT_EQ(found[what][name], expected[what][name]) << name;
-        EXPECT_EQ(found[what].size(), expected[what].size()) << what;
+            EXPECT_EQ(found[what][name], expected[what][name])
+                << name << " in host/explain-all-settings.json";
+        EXPECT_EQ(found[what].size(), expected[what].size()) << what << " in host/explain-all-settings.json";
     }
 }
 

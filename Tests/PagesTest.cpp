@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "Support.h"
 #include "ticket/TicketQueries.h"
 
@@ -18,9 +20,12 @@ TEST(ConvertPage, UsesTheRowsThatTheHostHandsIn) {
     const std::string settings = R"({"features":{"OutPSize":"CustomMediaSize","Layout":"Bl4in1",)"
                                  R"("OutPSizeW":"%s00","OutPSizeH":"21000"}})";
     std::vector<OptionRecord> sizes = TicketHost::CopyOptionTable("PageMediaSize");
-    sizes[70].JobCommand = Wide("<%s x %s>");  // CustomMediaSize
-    sizes[70].DataCommand = Wide("custom\r\n");
-    sizes[1].FourInOneJobCommand = Wide("four-in-one A4");
+    const auto sizeOf = [&](std::u16string_view keyword) -> OptionRecord& {
+        return *std::ranges::find(sizes, WideText(keyword), &OptionRecord::Keyword);
+    };
+    sizeOf(u"CustomMediaSize").JobCommand = Wide("<%s x %s>");
+    sizeOf(u"CustomMediaSize").DataCommand = Wide("custom\r\n");
+    sizeOf(u"ISOA4").FourInOneJobCommand = Wide("four-in-one A4");
     TestHost host;
     host.Tables.PageMediaSizes = sizes.data();
     host.Run(JobLevel, MakeTicket(Settings(settings)));

@@ -125,30 +125,39 @@ std::string Written(const std::optional<std::u16string_view>& text) {
 // A list against the lines of its section in the data file: feature, parameter, gate. A row's table bears the
 // name of its feature, or of its parameter where it has none; many hold the same keywords, so that addresses
 // are compared.
-void ExpectList(const std::string& section, FeatureList list) {
+void ExpectList(const std::string& name, FeatureList list) {
     std::ifstream file(TEST_DATA_DIR "/stages/lists.tsv");
-    std::string line, current;
-    std::size_t rows = 0;
-    while (std::getline(file, line)) {
-        if (line.starts_with('[')) current = line;
-        if (line.empty() || line[0] == '#' || line[0] == '[' || current != "[" + section + "]") continue;
-        ASSERT_LT(rows, list.size()) << section << ": no row for " << line;
-        const FeatureRow& row = list[rows++];
+    std::string current;
+    std::vector<std::string> expected, found;
+    for (std::string line; std::getline(file, line);) {
+        if (line.starts_with('['))
+            current = line;
+        else if (current == "[" + name + "]" && !line.empty())
+            expected.push_back(line);
+    }
+    for (const FeatureRow& row : list) {
         const std::string feature = Written(row.Feature), parameter = Written(row.Parameter);
-        EXPECT_EQ(feature + "\t" + parameter + "\t" + Written(row.Gate), line) << section;
-        EXPECT_EQ(row.Parameter.has_value(), IsFormatTable(row.Table)) << line;
-        EXPECT_EQ(tables.at(feature.empty() ? parameter : feature).data(), row.Table.data()) << line;
+        found.push_back(feature + "\t" + parameter + "\t" + Written(row.Gate));
+        const auto table = tables.find(feature.empty() ? parameter : feature);
+        EXPECT_TRUE(table != tables.end() && table->second.data() == row.Table.data())
+            << name << " has not the table of that name in its row " << found.back();
+        EXPECT_EQ(row.Parameter.has_value(), IsFormatTable(row.Table)) << found.back();
         EXPECT_EQ(row.Target, CommandTarget::Pjl);
     }
-    EXPECT_GT(rows, 0u) << section;
-    EXPECT_EQ(list.size(), rows) << section;
+    EXPECT_EQ(expected, found) << name << " has other rows than Tests/Data/stages/lists.tsv";
 }
 
 TEST(FeatureLists, HaveTheirRows) {
-    ExpectList("layout and finishing", LayoutFinishingList);
-    ExpectList("device overlay", DeviceOverlayList);
-    ExpectList("simple quality", SimpleQualityList);
-    ExpectList("detail quality", DetailQualityList);
+#define L(name) \
+    { #name, name }
+    const std::map<std::string, FeatureList> lists = {L(LayoutFinishingList), L(DeviceOverlayList),
+                                                      L(SimpleQualityList), L(DetailQualityList)};
+    for (const auto& [name, list] : lists) ExpectList(name, list);
+    for (const std::string& name :
+         Matches(FileText(MODULE_FOLDER "/stages/FeatureLists.h"), R"(extern const FeatureList (\w+);)"))
+        EXPECT_TRUE(lists.contains(name))
+            << "FeatureLists.h has a new list: add L(" << name << ") to this test, and [" << name
+            << "] with its rows to Tests/Data/stages/lists.tsv";
 }
 
 TEST(Stages, MakeTheJobNameFromTheDocumentName) {

@@ -222,11 +222,20 @@ Names ItemsAt(Level level) {
     return names;
 }
 
+void ExpectSame(const Names& asked, const Names& rows, const char* where) {
+    for (const std::string& name : asked)
+        EXPECT_TRUE(rows.contains(name))
+            << "conversions ask for \"" << name << "\": add its row to " << where;
+    for (const std::string& name : rows)
+        EXPECT_TRUE(asked.contains(name)) << "no conversion asks for \"" << name << "\", a row of " << where;
+}
+
 TEST(Vocabulary, IsWhatConversionsAskFor) {
     std::map<Level, Asked> all = WatchAllKinds();
     Asked together;
     for (auto& [level, each] : all) {
-        EXPECT_EQ(each.Items, ItemsAt(level)) << "at level " << level;
+        SCOPED_TRACE("at level " + std::to_string(level));
+        ExpectSame(each.Items, ItemsAt(level), "ItemRows() in Source/Host/check/Vocabulary.cpp");
         together.Settings.merge(each.Settings);
         together.PerPage.merge(each.PerPage);
         together.Properties.merge(each.Properties);
@@ -239,9 +248,9 @@ TEST(Vocabulary, IsWhatConversionsAskFor) {
         properties.insert(bags[static_cast<int>(row.In)] + std::string(row.Name));
     for (const char* group : SettingsGroups)
         together.PerPage.erase(group);  // asked for while they are merged
-    EXPECT_EQ(together.Settings, settings);
-    EXPECT_EQ(together.PerPage, perPage);
-    EXPECT_EQ(together.Properties, properties);
+    ExpectSame(together.Settings, settings, "Source/Host/check/SettingRows.cpp");
+    ExpectSame(together.PerPage, perPage, "PerPageRows() in Source/Host/check/SettingRows.cpp");
+    ExpectSame(together.Properties, properties, "Source/Host/jobs/KnownProperties.cpp");
     for (const PropertyRow& row : PropertyRows())
         EXPECT_TRUE(IsPropertyRead(Bag::Pipeline, row.Name) || IsPropertyRead(Bag::Queue, row.Name))
             << row.Name;

@@ -1,9 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <fstream>
 #include <map>
-#include <sstream>
 #include <vector>
 
 #include "Support.h"
@@ -138,21 +136,39 @@ std::string ErrorOfJobThatFailsFrom(std::size_t first, const Json::Value& order)
     return "";
 }
 
+// The lines of the data file but those of the stages, which must be the pipeline's, each with something to
+// ask.
+Json::Value OrderOfAllStages() {
+    const std::string array =
+        Matches(FileText(MODULE_FOLDER "/JobPipeline.cpp"), R"(stages\[\] = \{([^}]*)\})").at(0);
+    std::vector<std::string> stages = Matches(array, R"((\w+))"), listed;
+    std::erase(stages, "EmptyStage");
+    stages.emplace_back("ConvertPage");  // runs behind the stages
+    Json::Value order;
+    bool isStage = false;
+    for (const Json::Value& line : ReadCases("conversion/job-order.json")) {
+        EXPECT_FALSE(isStage && line[0] == "stage")
+            << "job-order.json: " << listed.back() << " asks for nothing";
+        isStage = line[0] == "stage";
+        if (isStage)
+            listed.push_back(line[1].asString());
+        else
+            order.append(line);
+    }
+    EXPECT_EQ(listed, stages)
+        << "a stage of JobPipeline.cpp is missing in Tests/Data/conversion/job-order.json:"
+        << " add its line, and behind it what it asks for";
+    return order;
+}
+
 // Whatever comes behind a line fails as well, so its own failure is seen only when it comes ahead of all of
 // them.
 TEST(Wiring, TouchesWhatAJobNeedsInTheOrderOfItsStages) {
-    const Json::Value order = ReadCases("conversion/job-order.json");
+    const Json::Value order = OrderOfAllStages();
     for (Json::ArrayIndex first = 0; first < order.size(); ++first)
         EXPECT_EQ(ErrorOfJobThatFailsFrom(first, order),
                   order[first][0].asString() + " " + order[first][1].asString());
     EXPECT_EQ(ErrorOfJobThatFailsFrom(order.size(), order), "");
-}
-
-std::string FileText(const char* name) {
-    std::ifstream file(name);
-    std::stringstream text;
-    text << file.rdbuf();
-    return text.str();
 }
 
 // A document that knows no cheaper ways, as another platform's may.

@@ -1,6 +1,5 @@
 #include "JobPipeline.h"
 
-#include <iterator>
 #include <utility>
 
 #include "conversion/JsonState.h"
@@ -33,7 +32,6 @@ constexpr Stage* stages[] = {
     ForceOneSidedTicket,    WriteQualityAdjustment,
     WriteQualityProperties, WriteJobLogAndTime,
 };
-static_assert(std::size(stages) == 16);
 
 void ReadPipeline(PTConverter& converter) {
     const WideText series = GetPipelineText(converter.Pipeline, u"Series");

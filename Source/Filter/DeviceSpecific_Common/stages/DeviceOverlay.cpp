@@ -1,5 +1,3 @@
-#include <iterator>
-
 #include "stages/FeatureLists.h"
 #include "stages/Stages.h"
 #include "tables/OverlayKeywords.h"
@@ -26,7 +24,6 @@ constexpr FeatureRow rows[] = {
      u"DeviceOverlayBackSideDensity"},
     {u"DeviceOverlayBackSideOverwrite", DeviceOverlayBackSideOverwriteCommandTable, onBackSide},
 };
-static_assert(std::size(rows) == 11);
 
 }  // namespace
 

@@ -1,5 +1,3 @@
-#include <iterator>
-
 #include "stages/FeatureLists.h"
 #include "stages/Stages.h"
 #include "tables/CopySecurityKeywords.h"
@@ -38,7 +36,6 @@ constexpr FeatureRow rows[] = {
     {u"TColor", TColorCommandTable},
     {u"TColorType", TColorTypeCommandTable, u"TColor"},
 };
-static_assert(std::size(rows) == 26);
 
 }  // namespace
 

@@ -1,5 +1,3 @@
-#include <iterator>
-
 #include "conversion/JsonState.h"
 #include "stages/FeatureLists.h"
 #include "stages/Stages.h"
@@ -23,7 +21,6 @@ constexpr FeatureRow simpleRows[] = {
     {.Feature = u"", .Table = CyanCommandTable, .Parameter = u"Cyan"},
     {.Feature = u"", .Table = BlackCommandTable, .Parameter = u"Black"},
 };
-static_assert(std::size(simpleRows) == 12);
 
 // There is no first smoothing table: the device smooths two of the three kinds of content.
 constexpr FeatureRow detailRows[] = {
@@ -61,7 +58,6 @@ constexpr FeatureRow detailRows[] = {
     {.Feature = u"", .Table = Black2CommandTable, .Parameter = u"Black2"},
     {.Feature = u"", .Table = Black3CommandTable, .Parameter = u"Black3"},
 };
-static_assert(std::size(detailRows) == 33);
 
 }  // namespace
 

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "tables/KeywordCommand.h"
-#include "tables/TableChecks.h"
 
 // Carbon copies, and exceptions for single pages.
 
@@ -13,8 +12,5 @@ inline constexpr KeywordCommand CarbonCopyTypeCommandTable[] = {{u"Tray", u""}, 
 
 // The device's command for one exception, filled by the per-page writers, each in its turn.
 inline constexpr KeywordCommand PerPageCommandTable[] = {{u"CMD", u""}};
-
-static_assert(AreFormatTables(CarbonCopyCommandTable, PerPageCommandTable));
-static_assert(AreOptionTables(2, CarbonCopyTypeCommandTable));
 
 }  // namespace DeviceSpecificModule

@@ -70,12 +70,6 @@ inline constexpr CopyProtectString CopyProtectStrings[] = {
     {u"MachineSetting7", u"7", CopyProtectOwnString}, {u"MachineSetting8", u"8", CopyProtectOwnString},
 };
 
-static_assert(AreOptionTables(2, CopySecurityCommandTable));
-static_assert(AreOptionTables(4, CopySecurityOptionCommandTable));
-static_assert(AreOptionTables(8, CopyProtectPatternCommandTable));
 static_assert(HasUniqueKeywords(CopyProtectStrings) && std::size(CopyProtectStrings) == 16);
-static_assert(AreFormatTables(CopySecurityFieldsCommandTable, CopyProtectStringCommandTable,
-                              CopyProtectDateTimeCommandTable, CopyProtectNumberCommandTable,
-                              CopyProtectStyleCommandTable, PasswordCopyCommandTable));
 
 }  // namespace DeviceSpecificModule

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "tables/KeywordCommand.h"
-#include "tables/TableChecks.h"
 
 // Layout, image shift, chapters, and how the engine renders and finishes a page.
 
@@ -26,12 +25,5 @@ inline constexpr KeywordCommand TColorCommandTable[] = {{u"Off", u""}, {u"On", u
 inline constexpr KeywordCommand TColorTypeCommandTable[] = {{u"BlackR", u""}, {u"BlackB", u""},
                                                             {u"BlackG", u""}, {u"BlackC", u""},
                                                             {u"BlackM", u""}, {u"BlackY", u""}};
-
-static_assert(AreFormatTables(ImageShiftInfoCommandTable, ChapterCommandTable));
-static_assert(AreOptionTables(2, LayoutCommandTable, ImageShiftCommandTable, ChapterModeCommandTable,
-                              GlossyModeCommandTable, EdgeEnhancementCommandTable, EdgeMatchCommandTable,
-                              TColorCommandTable));
-static_assert(AreOptionTables(5, ExposureCommandTable));
-static_assert(AreOptionTables(6, TColorTypeCommandTable));
 
 }  // namespace DeviceSpecificModule

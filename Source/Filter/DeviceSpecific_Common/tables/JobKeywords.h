@@ -1,7 +1,6 @@
 #pragma once
 
 #include "tables/KeywordCommand.h"
-#include "tables/TableChecks.h"
 
 // The vocabulary that sends something: settings of the job header and modes of the engine.
 
@@ -60,11 +59,5 @@ inline constexpr KeywordCommand ImprovePrintOutCommandTable[] = {
     {u"ReduceCurl", u"@PJL SET LESSPAPERCURL = ON\r\n@PJL SET FIXINTENSITYUP = OFF\r\n"},
     {u"TonerFixing", u"@PJL SET LESSPAPERCURL = OFF\r\n@PJL SET FIXINTENSITYUP = ON\r\n"},
 };
-
-static_assert(AreFormatTables(LoginUserCommandTable, JobNameCommandTable));
-static_assert(AreOptionTables(3, PageResolutionCommandTable, ImprovePrintOutCommandTable));
-static_assert(AreOptionTables(5, ROptCommandTable));
-static_assert(AreOptionTables(8, HoldCommandTable));
-static_assert(AreOptionTables(2, TonerSaveCommandTable, EcoSettingCommandTable));
 
 }  // namespace DeviceSpecificModule

@@ -80,7 +80,6 @@ OptionRecord CustomSizeRecord(const CustomSizeRow& row) {
 using Records = std::array<OptionRecord, MediaSizeCount>;
 
 Records BuildMediaSizes() {
-    static_assert(MediaSizeCount == std::size(MediaSizeRows) + std::size(CustomSizeRows) + 1);
     Records records;
     const auto custom = std::ranges::transform(MediaSizeRows, records.begin(), SizeRecord).out;
     std::ranges::transform(CustomSizeRows, custom, CustomSizeRecord);

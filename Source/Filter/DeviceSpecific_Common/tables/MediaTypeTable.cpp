@@ -74,16 +74,9 @@ OptionRecord TypeRecord(const MediaTypeRow& row, bool preprinted) {
     return record;
 }
 
-constexpr std::size_t CountMediaTypes() {
-    std::size_t count = 1;  // the terminating row
-    for (const MediaTypeRow& row : MediaTypeRows) count += row.PreprintedKeyword.empty() ? 1 : 2;
-    return count;
-}
-
 using Records = std::array<OptionRecord, MediaTypeCount>;
 
 Records BuildMediaTypes() {
-    static_assert(MediaTypeCount == CountMediaTypes());
     Records records;
     auto record = records.begin();
     for (const MediaTypeRow& row : MediaTypeRows) {

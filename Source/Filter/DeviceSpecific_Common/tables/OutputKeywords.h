@@ -1,7 +1,6 @@
 #pragma once
 
 #include "tables/KeywordCommand.h"
-#include "tables/TableChecks.h"
 
 // Ticket options of the whole job: collation, output, sides, orientation, pages on a sheet.
 
@@ -30,10 +29,5 @@ inline constexpr KeywordCommand DocumentBindingCommandTable[] = {
 
 inline constexpr KeywordCommand JobNUpAllDocumentsContiguouslyCommandTable[] = {
     {u"ns0000:_2", u""}, {u"ns0000:_4", u""}, {u"ns0000:_6", u""}, {u"ns0000:_9", u""}, {u"ns0000:_16", u""}};
-
-static_assert(AreOptionTables(2, DocumentCollateCommandTable, PageOutputColorCommandTable,
-                              PageOrientationCommandTable));
-static_assert(AreOptionTables(3, JobDuplexAllDocumentsContiguouslyCommandTable, DocumentBindingCommandTable));
-static_assert(AreOptionTables(5, PageOutputBinCommandTable, JobNUpAllDocumentsContiguouslyCommandTable));
 
 }  // namespace DeviceSpecificModule

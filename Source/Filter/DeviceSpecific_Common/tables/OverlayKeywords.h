@@ -1,7 +1,6 @@
 #pragma once
 
 #include "tables/KeywordCommand.h"
-#include "tables/TableChecks.h"
 
 // Forms stored in the device that it prints over or under the pages. The two sides of a sheet know the same
 // words and have tables of their own.
@@ -34,14 +33,5 @@ inline constexpr KeywordCommand DeviceOverlayBackSideIDCommandTable[] = {{u"CMD"
 inline constexpr auto& DeviceOverlayBackSideColorCommandTable = OverlayColorRows<OverlaySide::Back>;
 inline constexpr KeywordCommand DeviceOverlayBackSideDensityCommandTable[] = {{u"CMD", u""}};
 inline constexpr auto& DeviceOverlayBackSideOverwriteCommandTable = OverlayOverwriteRows<OverlaySide::Back>;
-
-static_assert(AreOptionTables(2, DeviceOverlayPagesCommandTable, DeviceOverlayPrintOnFrontSideCommandTable,
-                              DeviceOverlayPrintOnBackSideCommandTable));
-static_assert(AreOptionTables(3, DeviceOverlayFrontSideOverwriteCommandTable,
-                              DeviceOverlayBackSideOverwriteCommandTable));
-static_assert(AreOptionTables(9, DeviceOverlayFrontSideColorCommandTable,
-                              DeviceOverlayBackSideColorCommandTable));
-static_assert(AreFormatTables(DeviceOverlayFrontSideIDCommandTable, DeviceOverlayFrontSideDensityCommandTable,
-                              DeviceOverlayBackSideIDCommandTable, DeviceOverlayBackSideDensityCommandTable));
 
 }  // namespace DeviceSpecificModule

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "tables/KeywordCommand.h"
-#include "tables/TableChecks.h"
 
 // Image quality. The simple mode has one set of settings, without a number in the names; the detailed mode
 // has three, numbered 1 to 3. Each set has tables of its own.
@@ -79,21 +78,5 @@ inline constexpr KeywordCommand BlackCommandTable[] = {{u"CMD", u""}};
 inline constexpr KeywordCommand Black1CommandTable[] = {{u"CMD", u""}};
 inline constexpr KeywordCommand Black2CommandTable[] = {{u"CMD", u""}};
 inline constexpr KeywordCommand Black3CommandTable[] = {{u"CMD", u""}};
-
-static_assert(AreOptionTables(2, QualityAdjustModeCommandTable));
-static_assert(AreOptionTables(4, ColorMatchingCommandTable, ColorMatching1CommandTable,
-                              ColorMatching2CommandTable, ColorMatching3CommandTable));
-static_assert(AreOptionTables(3, NeugrayCommandTable, Neugray1CommandTable, Neugray2CommandTable,
-                              Neugray3CommandTable));
-static_assert(AreOptionTables(4, ScreenCommandTable, Screen1CommandTable, Screen2CommandTable,
-                              Screen3CommandTable));
-static_assert(AreOptionTables(5, SmoothingCommandTable, Smoothing2CommandTable, Smoothing3CommandTable));
-static_assert(AreFormatTables(
-    BrightnessCommandTable, Brightness1CommandTable, Brightness2CommandTable, Brightness3CommandTable,
-    ContrastCommandTable, Contrast1CommandTable, Contrast2CommandTable, Contrast3CommandTable,
-    ChromaCommandTable, Chroma1CommandTable, Chroma2CommandTable, Chroma3CommandTable, CyanCommandTable,
-    Cyan1CommandTable, Cyan2CommandTable, Cyan3CommandTable, MagentaCommandTable, Magenta1CommandTable,
-    Magenta2CommandTable, Magenta3CommandTable, YellowCommandTable, Yellow1CommandTable, Yellow2CommandTable,
-    Yellow3CommandTable, BlackCommandTable, Black1CommandTable, Black2CommandTable, Black3CommandTable));
 
 }  // namespace DeviceSpecificModule

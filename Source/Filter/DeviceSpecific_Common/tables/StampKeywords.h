@@ -1,7 +1,6 @@
 #pragma once
 
 #include "tables/KeywordCommand.h"
-#include "tables/TableChecks.h"
 
 // Texts stamped on pages: page numbers, date and time, headers and footers. Each stamp gets tables of its own
 // from the rows that they have in common, so that one can be written out with other commands without touching
@@ -53,18 +52,5 @@ inline constexpr KeywordCommand HeaderPageNumberCommandTable[] = {{u"CMD", u""}}
 inline constexpr KeywordCommand HeaderFooterPrintFooterCommandTable[] = {{u"Off", u""}};
 inline constexpr KeywordCommand FooterStartNumberTypeCommandTable[] = {{u"Fixed", u""}, {u"NumberOnly", u""}};
 inline constexpr KeywordCommand FooterPageNumberCommandTable[] = {{u"CMD", u""}};
-
-static_assert(AreFormatTables(PageNumberingCommandTable, HeaderFooterFormatCommandTable,
-                              HeaderPageNumberCommandTable, FooterPageNumberCommandTable));
-static_assert(AreOptionTables(1, DateTimeTimeCommandTable, HeaderFooterPrintHeaderCommandTable,
-                              HeaderFooterPrintFooterCommandTable));
-static_assert(AreOptionTables(2, DateTimeCommandTable, DateTimePagesCommandTable,
-                              DateTimeTimeFormatCommandTable, HeaderFooterCommandTable,
-                              HeaderFooterPagesCommandTable, HeaderStartNumberTypeCommandTable,
-                              FooterStartNumberTypeCommandTable));
-static_assert(AreOptionTables(5, DateTimeDateFormatCommandTable));
-static_assert(AreOptionTables(7, PageNumberColorCommandTable, DateTimeColorCommandTable,
-                              HeaderFooterColorCommandTable));
-static_assert(AreOptionTables(9, PageNumberPositionCommandTable, DateTimePositionCommandTable));
 
 }  // namespace DeviceSpecificModule
