@@ -1,14 +1,27 @@
 #include "HostTool.h"
 
+#include <pty.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <cstdlib>
+#include <cstring>
 #include <fstream>
 #include <sstream>
 
 namespace TicketHost {
 namespace fs = std::filesystem;
+
+std::string WhyNoTerminal() {
+    int terminal = -1, shell = -1;
+    if (openpty(&terminal, &shell, nullptr, nullptr, nullptr) != 0)
+        return std::string("needs a pseudo-terminal, and this machine gives none (is /dev/pts mounted?): ") +
+               std::strerror(errno);
+    close(terminal);
+    close(shell);
+    return "";
+}
 
 HostTool::HostTool() : folder_(testing::TempDir() + "tickethost-" + std::to_string(getpid())) {
     fs::create_directories(folder_);

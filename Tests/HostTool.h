@@ -14,6 +14,9 @@ inline constexpr bool isSanitized = true;  // the program then holds terabytes o
 inline constexpr bool isSanitized = false;
 #endif
 
+// Why there is no terminal for a test to have for itself; empty where there is.
+std::string WhyNoTerminal();
+
 // Runs of the tool in a folder of their own, which is gone at the end.
 class HostTool : public testing::Test {
 protected:

@@ -77,7 +77,12 @@ std::size_t WidestLineOf(const std::string& text) {
     return widest;
 }
 
-using Terminal = HostTool;
+class Terminal : public HostTool {
+protected:
+    void SetUp() override {
+        if (const std::string why = WhyNoTerminal(); !why.empty()) GTEST_SKIP() << why;
+    }
+};
 
 TEST_F(Terminal, HelpOfEachVerbFits) {
     const std::string help = Run("help").Output;
@@ -138,7 +143,7 @@ TEST_F(Terminal, ColoursAreForWhoWantsThem) {
     unsetenv("NO_COLOR");
 }
 
-TEST_F(Terminal, HintsAtPropertiesThatNobodyReads) {
+TEST_F(HostTool, HintsAtPropertiesThatNobodyReads) {
     Write("a.xml", "<a/>");
     const Outcome outcome =
         Run("convert --pipeline PrinterNam=x --pipeline 'A=B=C' --pipeline '[D=E,F=G]' "
