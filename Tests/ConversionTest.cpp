@@ -2,6 +2,8 @@
 #include <gtest/gtest.h>
 #include <json/json.h>
 
+#include <algorithm>
+
 #include "Support.h"
 #include "conversion/JsonState.h"
 #include "conversion/PipelineProperties.h"
@@ -124,7 +126,21 @@ std::string ChildrenOf(const TicketDocument& ticket) {
     return xml[root - 1] == '/' ? "" : xml.substr(root + 1, xml.rfind('<') - root - 1);
 }
 
+// A key that nobody reads, misspelt perhaps, would let a case pass that says nothing.
+void RequireCase(const Json::Value& each) {
+    constexpr std::string_view given[] = {"name", "level", "settings", "properties", "ticket"};
+    constexpr std::string_view awaited[] = {"expect", "pjl", "children", "copies", "throws"};
+    std::size_t checks = 0;
+    for (const std::string& key : each.getMemberNames())
+        if (std::ranges::find(awaited, key) != std::end(awaited))
+            ++checks;
+        else
+            EXPECT_NE(std::ranges::find(given, key), std::end(given)) << "no case has the key " << key;
+    EXPECT_GT(checks, 0u) << "says nothing of what must come of it";
+}
+
 void RunCase(const Json::Value& each) {
+    RequireCase(each);
     Platform::PipelineProperties properties;
     for (const std::string& name : each["properties"].getMemberNames())
         properties[std::u16string(Wide(name).View())] = Wide(each["properties"][name].asString());

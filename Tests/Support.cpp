@@ -48,6 +48,8 @@ std::string Children(const Json::Value& forms) {
     for (const Json::Value& each : forms) {
         const std::string form = each.asString();
         const std::size_t blank = form.find(' ', 2);
+        if (blank == std::string::npos && (form.starts_with("F ") || form.starts_with("P ")))
+            throw std::runtime_error("short form: " + form);
         if (form.starts_with("F "))
             children += Feature(form.substr(2, blank - 2), form.substr(blank + 1));
         else if (form.starts_with("P "))
