@@ -59,12 +59,10 @@
 ///
 /// What they are:
 ///
-/// - `Series`: names the driver's property `CommandMap_` with the series behind it ("CommandMap_Sample").
-/// That
-///   is the JSON document of a device series: it is carried in the snapshot, and no command depends on it.
-/// - `DriverPropertyBag`, `QueuePropertyBag`: references to the two printer bags. The snapshot carries them,
-/// a
-///   job ticket's call takes those of the pipeline instead, and it alone reads what they hold.
+/// - `Series`: names the driver's property `CommandMap_` with the series behind it ("CommandMap_Sample"),
+///   the JSON document of a device series: it is carried in the snapshot, and no command depends on it.
+/// - `DriverPropertyBag`, `QueuePropertyBag`: references to the two printer bags. The snapshot carries them;
+///   a job ticket's call takes those of the pipeline instead, and it alone reads what they hold.
 /// - `UserSecurityToken`: who submitted the job (platform/Identities.h makes tokens). The user's name goes
 ///   into the header.
 /// - `PrinterName`: the queue. Where the settings have "Hold", the document name of the first job there goes
