@@ -28,7 +28,7 @@
 namespace DeviceSpecificModule {
 extern "C" {
 
-/// Media sizes: 73, and the terminating row. Keywords without prefix ("ISOA4"); the prefix that a ticket has
+/// Media sizes, and the terminating row. Keywords without prefix ("ISOA4"); the prefix that a ticket has
 /// stands in NamespacePrefix. Three sizes at the end are custom ones: the %s of their fragments take width
 /// and height, in micrometres.
 /// @{
@@ -36,14 +36,14 @@ DEVICESPECIFIC_API std::int32_t GetSizeOfPageMediaSize(std::uint32_t* count);
 DEVICESPECIFIC_API std::int32_t GetPageMediaSize(OptionRecord* rows);
 /// @}
 
-/// Media types: 98, and the terminating row. Keywords with prefix ("psk:Plain"); those that end in "_2nd" are
+/// Media types, and the terminating row. Keywords with prefix ("psk:Plain"); those that end in "_2nd" are
 /// the same medium on pre-printed paper.
 /// @{
 DEVICESPECIFIC_API std::int32_t GetSizeOfPageMediaType(std::uint32_t* count);
 DEVICESPECIFIC_API std::int32_t GetPageMediaType(OptionRecord* rows);
 /// @}
 
-/// Input bins: 10, and the terminating row. Keywords with prefix ("ns0000:TRAY1").
+/// Input bins, and the terminating row. Keywords with prefix ("ns0000:TRAY1").
 /// @{
 DEVICESPECIFIC_API std::int32_t GetSizeOfPageInputBin(std::uint32_t* count);
 DEVICESPECIFIC_API std::int32_t GetPageInputBin(OptionRecord* rows);
