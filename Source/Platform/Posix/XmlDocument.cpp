@@ -17,9 +17,22 @@
 #include "devicespecific/platform/TicketDocument.h"
 
 namespace DeviceSpecificModule::Platform {
-namespace {
 
-const xmlChar* XmlChars(const std::string& text) { return reinterpret_cast<const xmlChar*>(text.c_str()); }
+std::string Save(xmlDoc& document, int options) {
+    const MemoryWatch watch;
+    const std::unique_ptr<xmlBuffer, decltype(&xmlBufferFree)> buffer(xmlBufferCreate(), xmlBufferFree);
+    if (!buffer) ThrowResult(ResultOutOfMemory);
+    xmlBufferSetAllocationScheme(buffer.get(), XML_BUFFER_ALLOC_DOUBLEIT);
+    xmlSaveCtxtPtr saving = xmlSaveToBuffer(buffer.get(), "UTF-8", options);
+    if (saving == nullptr) ThrowResult(ResultOutOfMemory);
+    const bool failed = xmlSaveDoc(saving, &document) < 0;
+    if (xmlSaveClose(saving) < 0 || failed) ThrowResult(ResultOutOfMemory);
+    watch.ThrowIfExhausted();
+    return {reinterpret_cast<const char*>(xmlBufferContent(buffer.get())),
+            static_cast<std::size_t>(xmlBufferLength(buffer.get()))};
+}
+
+namespace {
 
 std::string Utf8(std::u16string_view units) {
     std::string bytes;
@@ -159,19 +172,9 @@ public:
     }
 
     WideText xml() const override {
-        const MemoryWatch watch;
-        const std::unique_ptr<xmlBuffer, decltype(&xmlBufferFree)> buffer(xmlBufferCreate(), xmlBufferFree);
-        if (!buffer) ThrowResult(ResultOutOfMemory);
-        xmlBufferSetAllocationScheme(buffer.get(), XML_BUFFER_ALLOC_DOUBLEIT);
-        xmlSaveCtxtPtr saving = xmlSaveToBuffer(buffer.get(), "UTF-8", XML_SAVE_AS_XML | XML_SAVE_NO_DECL);
-        if (saving == nullptr) ThrowResult(ResultOutOfMemory);
-        const bool failed = xmlSaveDoc(saving, tree_->Document) < 0;
-        if (xmlSaveClose(saving) < 0 || failed) ThrowResult(ResultOutOfMemory);
-        watch.ThrowIfExhausted();
         return WithOneMemoryError([&] {
-            std::string text = Declaration(tree_->Document->standalone);
-            text.append(reinterpret_cast<const char*>(xmlBufferContent(buffer.get())),
-                        static_cast<std::size_t>(xmlBufferLength(buffer.get())));
+            const std::string text = Declaration(tree_->Document->standalone) +
+                                     Save(*tree_->Document, XML_SAVE_AS_XML | XML_SAVE_NO_DECL);
             return WideOfUtf8(text);
         });
     }

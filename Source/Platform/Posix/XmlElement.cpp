@@ -1,7 +1,7 @@
 #include "Platform/XmlElement.h"
 
 #include <libxml/tree.h>
-#include <libxml/xmlwriter.h>
+#include <libxml/xmlsave.h>
 
 #include "XmlParser.h"
 #include "XmlTree.h"
@@ -52,55 +52,32 @@ std::optional<XmlElement> Read(std::string_view bytes, Encoding encoding, ParseE
     return ElementOf(xmlDocGetRootElement(tree->Document));
 }
 
-// Writes into a buffer. Every call that fails has run out of memory.
-class Writer {
-public:
-    Writer() : writer_(xmlNewTextWriterMemory(Required(buffer_.get()), 0), xmlFreeTextWriter) {
-        Require(xmlTextWriterSetIndent(Required(writer_.get()), 1));
-        Require(xmlTextWriterSetIndentString(writer_.get(), Chars("  ")));
-        Require(xmlTextWriterStartDocument(writer_.get(), nullptr, "UTF-8", nullptr));
-    }
+std::string AsWritten(const XmlName& name) {
+    return name.Prefix.empty() ? name.Local : name.Prefix + ":" + name.Local;
+}
 
-    void Write(const XmlElement& element) {
-        Require(xmlTextWriterStartElement(writer_.get(), Chars(AsWritten(element.Name))));
-        for (const auto& [prefix, uri] : element.Namespaces)
-            WriteAttribute(prefix.empty() ? "xmlns" : "xmlns:" + prefix, uri);
-        for (const auto& [name, value] : element.Attributes) WriteAttribute(AsWritten(name), value);
-        if (!element.Text.empty()) Require(xmlTextWriterWriteString(writer_.get(), Chars(element.Text)));
-        for (const XmlElement& child : element.Children) Write(child);
-        Require(xmlTextWriterEndElement(writer_.get()));
-    }
+// What the library made; what it could not make it had no memory for.
+template <typename Item>
+Item* Made(Item* item) {
+    if (item == nullptr) ThrowResult(ResultOutOfMemory);
+    return item;
+}
 
-    std::string Finish() {
-        Require(xmlTextWriterEndDocument(writer_.get()));
-        Require(xmlTextWriterFlush(writer_.get()));
-        watch_.ThrowIfExhausted();
-        return std::string(View(xmlBufferContent(buffer_.get())));
-    }
+void AddAttribute(xmlNode* node, const std::string& name, const std::string& value) {
+    Made(xmlNewProp(node, XmlChars(name), XmlChars(value)));
+}
 
-private:
-    static const xmlChar* Chars(const std::string& text) {
-        return reinterpret_cast<const xmlChar*>(text.c_str());
-    }
-    static std::string AsWritten(const XmlName& name) {
-        return name.Prefix.empty() ? name.Local : name.Prefix + ":" + name.Local;
-    }
-    static void Require(int result) {
-        if (result < 0) ThrowResult(ResultOutOfMemory);
-    }
-    template <typename Object>
-    static Object* Required(Object* object) {
-        Require(object == nullptr ? -1 : 0);
-        return object;
-    }
-    void WriteAttribute(const std::string& name, const std::string& value) {
-        Require(xmlTextWriterWriteAttribute(writer_.get(), Chars(name), Chars(value)));
-    }
-
-    MemoryWatch watch_;
-    std::unique_ptr<xmlBuffer, decltype(&xmlBufferFree)> buffer_{xmlBufferCreate(), xmlBufferFree};
-    std::unique_ptr<xmlTextWriter, decltype(&xmlFreeTextWriter)> writer_;
-};
+// Adds an element to a document or an element. The tree is for writing alone, so each name in it is whole.
+void Add(xmlNode* parent, const XmlElement& element) {
+    xmlNode* const node =
+        Made(xmlNewDocNode(parent->doc, nullptr, XmlChars(AsWritten(element.Name)), nullptr));
+    xmlAddChild(parent, node);
+    for (const auto& [prefix, uri] : element.Namespaces)
+        AddAttribute(node, prefix.empty() ? "xmlns" : "xmlns:" + prefix, uri);
+    for (const auto& [name, value] : element.Attributes) AddAttribute(node, AsWritten(name), value);
+    if (!element.Text.empty()) xmlAddChild(node, Made(xmlNewDocText(parent->doc, XmlChars(element.Text))));
+    for (const XmlElement& child : element.Children) Add(node, child);
+}
 
 }  // namespace
 
@@ -115,9 +92,11 @@ std::optional<XmlElement> ReadXml(const WideText& text, ParseError& error) {
 }
 
 std::string WriteXml(const XmlElement& root) {
-    Writer writer;
-    writer.Write(root);
-    return writer.Finish();
+    const MemoryWatch watch;
+    const OwnedDocument document(Made(xmlNewDoc(nullptr)), xmlFreeDoc);
+    Add(reinterpret_cast<xmlNode*>(document.get()), root);
+    watch.ThrowIfExhausted();
+    return Save(*document, XML_SAVE_AS_XML | XML_SAVE_FORMAT);
 }
 
 }  // namespace DeviceSpecificModule::Platform

@@ -7,6 +7,7 @@
 
 #include <cstddef>
 #include <memory>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -17,6 +18,14 @@ namespace DeviceSpecificModule::Platform {
 inline std::string_view View(const xmlChar* text) {
     return text == nullptr ? std::string_view() : reinterpret_cast<const char*>(text);
 }
+
+inline const xmlChar* XmlChars(const std::string& text) {
+    return reinterpret_cast<const xmlChar*>(text.c_str());
+}
+
+// A document's text in UTF-8, by the options of xmlsave.h. Throws ResultError or std::bad_alloc without
+// memory.
+std::string Save(xmlDoc& document, int options);
 
 // Looks out for the library's running out of memory for as long as it lives, also where the library's own
 // results don't tell, and keeps the library from printing. Whatever handlers the thread had come back at the
