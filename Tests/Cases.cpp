@@ -46,9 +46,27 @@ std::string FileText(const std::string& path) {
     return {std::istreambuf_iterator<char>(file), {}};
 }
 
-std::vector<std::string> Matches(const std::string& text, const char* pattern) {
-    const std::regex group(pattern);
-    return {std::sregex_token_iterator(text.begin(), text.end(), group, 1), {}};
+std::vector<PatternMatch> AllMatches(const std::string& text, const std::string& pattern) {
+    const std::regex expression(pattern, std::regex::multiline);
+    std::vector<PatternMatch> found;
+    for (std::sregex_iterator each(text.begin(), text.end(), expression), end; each != end; ++each)
+        found.emplace_back(each->begin(), each->end());
+    return found;
+}
+
+std::vector<std::string> Matches(const std::string& text, const std::string& pattern) {
+    std::vector<std::string> first;
+    for (const PatternMatch& match : AllMatches(text, pattern)) first.push_back(match.at(1));
+    return first;
+}
+
+bool HasMatch(const std::string& text, const std::string& pattern) {
+    return std::regex_search(text, std::regex(pattern, std::regex::multiline));
+}
+
+std::string ReplaceMatches(const std::string& text, const std::string& pattern,
+                           const std::string& replacement) {
+    return std::regex_replace(text, std::regex(pattern), replacement);
 }
 
 }  // namespace DeviceSpecificModule

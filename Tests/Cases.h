@@ -36,8 +36,14 @@ Json::Value ReadCases(const std::string& file);
 // The bytes of a file, none of one that isn't there.
 std::string FileText(const std::string& path);
 
-// What the group of a pattern matched, everywhere in a text. Tests read in the sources what they must know
-// of.
-std::vector<std::string> Matches(const std::string& text, const char* pattern);
+// Whatever of a text matches a pattern, each with what its groups matched behind it. "^" and "$" match at a
+// line's ends. Tests read in the sources what they must know of.
+using PatternMatch = std::vector<std::string>;
+std::vector<PatternMatch> AllMatches(const std::string& text, const std::string& pattern);
+// What the first group matched.
+std::vector<std::string> Matches(const std::string& text, const std::string& pattern);
+bool HasMatch(const std::string& text, const std::string& pattern);
+std::string ReplaceMatches(const std::string& text, const std::string& pattern,
+                           const std::string& replacement);
 
 }  // namespace DeviceSpecificModule

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
-#include <regex>
 #include <string>
+#include <vector>
 
 #include "Support.h"
 
@@ -32,24 +32,22 @@ TEST(Hardening, StandsInEveryObject) {
     for (const std::string object : objects) {
         for (const auto& [name, options, pattern] : guards) {
             const std::string said = OutputOf("readelf -W " + std::string(options) + " '" + object + "'");
-            const std::regex line(pattern, std::regex::multiline);
-            EXPECT_TRUE(std::regex_search(said, line)) << object << ": " << name;
+            EXPECT_TRUE(HasMatch(said, pattern)) << object << ": " << name;
         }
         // Memory is never both written to and run, and code is never rewritten while it loads.
         const std::string segments = OutputOf("readelf -Wl '" + object + "'");
-        EXPECT_FALSE(std::regex_search(segments, std::regex(" RWE? *E +0x"))) << object;
+        EXPECT_FALSE(HasMatch(segments, " RWE? *E +0x")) << object;
         EXPECT_EQ(OutputOf("readelf -Wd '" + object + "'").find("TEXTREL"), std::string::npos) << object;
     }
 }
 
 // Libraries come from the system and from beside the object, wherever that was put, and from nowhere else.
 TEST(Hardening, LibrariesAreSoughtBesideTheObjectOnly) {
-    const std::regex path(R"(\((?:RPATH|RUNPATH)\)\s+Library \w+: \[(.*)\])");
+    const char* const path = R"(\((?:RPATH|RUNPATH)\)\s+Library \w+: \[(.*)\])";
     for (const std::string object : objects) {
         const std::string dynamic = OutputOf("readelf -Wd '" + object + "'");
-        for (std::sregex_iterator found(dynamic.begin(), dynamic.end(), path), end; found != end; ++found)
-            EXPECT_TRUE((*found)[1] == "$ORIGIN" || (*found)[1] == "$ORIGIN/../lib")
-                << object << ": " << found->str();
+        for (const std::string& found : Matches(dynamic, path))
+            EXPECT_TRUE(found == "$ORIGIN" || found == "$ORIGIN/../lib") << object << ": " << found;
     }
 }
 
@@ -60,15 +58,12 @@ TEST(Hardening, ExportedFunctionsAreMarkedAsTargets) {
     for (const std::string object : {PLATFORM_FILE, MODULE_FILE, C_INTERFACE_FILE}) {
         const std::string code = OutputOf("objdump -d --no-show-raw-insn '" + object + "'");
         const std::string symbols = OutputOf("readelf -W --dyn-syms '" + object + "'");
-        const std::regex exported(R"(: 0*([1-9a-f][0-9a-f]*) .* FUNC +GLOBAL +DEFAULT +\d+ (\w+))");
-        int count = 0;
-        for (std::sregex_iterator found(symbols.begin(), symbols.end(), exported), end; found != end;
-             ++found) {
-            const std::string target = " " + (*found)[1].str() + ":\tendbr64";
-            EXPECT_NE(code.find(target), code.npos) << object << ": " << (*found)[2];
-            ++count;
-        }
-        EXPECT_GE(count, 13) << object;
+        const std::vector<PatternMatch> exported =
+            AllMatches(symbols, R"(: 0*([1-9a-f][0-9a-f]*) .* FUNC +GLOBAL +DEFAULT +\d+ (\w+))");
+        for (const PatternMatch& found : exported)
+            EXPECT_NE(code.find(" " + found.at(1) + ":\tendbr64"), code.npos)
+                << object << ": " << found.at(2);
+        EXPECT_GE(exported.size(), 13u) << object;
     }
 }
 
@@ -83,7 +78,7 @@ TEST(Hardening, CallsOfTheLibraryAreChecked) {
     EXPECT_EQ(_FORTIFY_SOURCE, 2);
     // The only library of ours that makes calls whose sizes the compiler can't follow to the end.
     const std::string symbols = OutputOf("readelf -W --dyn-syms '" PLATFORM_FILE "'");
-    EXPECT_TRUE(std::regex_search(symbols, std::regex(R"( UND __\w+_chk@)")));
+    EXPECT_TRUE(HasMatch(symbols, R"( UND __\w+_chk@)"));
 #endif
 }
 

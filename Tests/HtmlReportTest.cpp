@@ -3,9 +3,9 @@
 #include <cmath>
 #include <filesystem>
 #include <functional>
-#include <regex>
 #include <set>
 #include <sstream>
+#include <vector>
 
 #include "Host/report/HtmlReport.h"
 #include "Host/report/ReportStyle.h"
@@ -183,8 +183,8 @@ TEST(HtmlReport, HostileTextsStayTexts) {
     const auto wide = [&](int place) { return Module::Wide("\x1B" + hostile(place)); };
     const auto name = [&](int place) { return std::u16string(wide(place).View()); };
     const auto inTicket = [&](int place) {
-        return std::regex_replace(std::regex_replace(hostile(place), std::regex("&"), "&amp;"),
-                                  std::regex("[<'\"]"), "&#60;");
+        return Module::ReplaceMatches(Module::ReplaceMatches(hostile(place), "&", "&amp;"), "[<'\"]",
+                                      "&#60;");
     };
     Job job{hostile(1), {}, {{2, std::make_shared<Ticket>(Ticket{"\x1B" + hostile(2), ""})}}};
     job.Settings.Pipeline = {{name(3), wide(4)}};
@@ -317,20 +317,18 @@ double ContrastOf(const std::string& left, const std::string& right) {
 // By the web's guidelines for accessibility, level AA: texts 4.5, lines that mean something 3.
 TEST(HtmlReport, ColoursStandOutInEachScheme) {
     const std::string css(ReportStyle.View());
-    const std::regex scheme(R"(:root \{[^}]*\})"), colour("--([a-z]+): #([0-9a-f]{6});");
-    int schemes = 0;
-    for (std::sregex_iterator block(css.begin(), css.end(), scheme), end; block != end; ++block, ++schemes) {
+    const std::vector<std::string> schemes = Module::Matches(css, R"(:root \{([^}]*)\})");
+    for (const std::string& scheme : schemes) {
         std::map<std::string, std::string> colours;
-        const std::string text = block->str();
-        for (std::sregex_iterator each(text.begin(), text.end(), colour); each != end; ++each)
-            colours[(*each)[1]] = (*each)[2];
+        for (const Module::PatternMatch& each : Module::AllMatches(scheme, "--([a-z]+): #([0-9a-f]{6});"))
+            colours[each.at(1)] = each.at(2);
         for (const char* ground : {"ground", "raised"})
             for (const char* ink : {"ink", "quiet", "mark", "good", "bad", "doubt"})
                 EXPECT_GE(ContrastOf(colours.at(ink), colours.at(ground)), 4.5) << ink << " on " << ground;
         for (const char* line : {"outline", "mark", "bad", "ink"})
             EXPECT_GE(ContrastOf(colours.at(line), colours.at("paper")), 3.0) << line;
     }
-    EXPECT_EQ(schemes, 3);  // light, dark, paper
+    EXPECT_EQ(schemes.size(), 3u);  // light, dark, paper
 }
 
 }  // namespace

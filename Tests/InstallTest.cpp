@@ -1,7 +1,5 @@
-#include <iterator>
-#include <regex>
 #include <set>
-#include <sstream>
+#include <vector>
 
 #include "HostTool.h"
 #include "Support.h"
@@ -43,7 +41,7 @@ TEST_F(Install, PutsInPlaceWhatHostsNeedAndNothingElse) {
         expected.insert(name);
     Names found;  // one is named after the type of build
     for (const std::string& name : FilesBelow(folder_ / "x"))
-        found.insert(std::regex_replace(name, std::regex("Targets-\\w+\\."), "Targets-*."));
+        found.insert(Module::ReplaceMatches(name, "Targets-\\w+\\.", "Targets-*."));
     EXPECT_EQ(found, expected);
 }
 
@@ -54,22 +52,19 @@ TEST_F(Install, LeavesNoPathsInWhatIsInstalled) {
     for (const std::string name : {"", "c", "platform"}) {
         const std::string header = Module::OutputOf("readelf -Wd '" + libraries + name + ".so'");
         EXPECT_NE(header.find("soname: [libdevicespecific" + name + ".so.0]"), header.npos) << header;
-        EXPECT_FALSE(std::regex_search(header, std::regex("RPATH|RUNPATH"))) << header;
+        EXPECT_FALSE(Module::HasMatch(header, "RPATH|RUNPATH")) << header;
     }
     const std::string header =
         Module::OutputOf("readelf -Wd '" + (folder_ / "x/bin/tickethost").string() + "'");
-    EXPECT_FALSE(std::regex_search(header, std::regex("RPATH|RUNPATH"))) << header;
+    EXPECT_FALSE(Module::HasMatch(header, "RPATH|RUNPATH")) << header;
     EXPECT_EQ(RunShell("LD_LIBRARY_PATH=x/" INSTALLED_LIBRARIES " x/bin/tickethost --version").Output,
               Run("--version").Output);
 }
 
 // What an expression's first group finds in a text.
 Names FindAll(const std::string& text, const std::string& expression) {
-    const std::regex wanted(expression, std::regex::multiline);
-    Names names;
-    for (std::sregex_iterator each(text.begin(), text.end(), wanted), end; each != end; ++each)
-        names.insert((*each)[1]);
-    return names;
+    const std::vector<std::string> names = Module::Matches(text, expression);
+    return {names.begin(), names.end()};
 }
 
 // A text from behind its first `start` to the next `end`, or all of the rest.
@@ -116,7 +111,7 @@ TEST_F(Descriptions, CompletionOffersWhatTheToolHas) {
 
 TEST_F(Descriptions, ManPageSaysWhatTheToolHas) {
     const std::string source = Module::OutputOf("cat '" PACKAGING_DIR "/tickethost.1'");
-    const std::string page = std::regex_replace(source, std::regex(R"(\\-)"), "-") + ".SH";
+    const std::string page = Module::ReplaceMatches(source, R"(\\-)", "-") + ".SH";
     const std::string verbs = Between(page, "\n.SH VERBS", "\n.SH") + "\n.SS ";
     const char* const anyOption = "(--[a-z][a-z-]*)";
     const Names shared = FindAll(Between(page, "\n.SH OPTIONS", "\n.SH"), anyOption);

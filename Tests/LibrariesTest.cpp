@@ -1,10 +1,8 @@
 #include <gtest/gtest.h>
 
-#include <fstream>
-#include <iterator>
-#include <regex>
 #include <set>
 #include <string>
+#include <vector>
 
 #include "Support.h"
 
@@ -19,21 +17,15 @@ using Names = std::set<std::string>;
 // symbol of its own, which counts for nothing.
 Names ExportsOf(const std::string& library) {
     const std::string listing = OutputOf("nm -DC --defined-only '" + library + "'");
-    const std::regex line(R"(^\w+ ([^A]) (.*)$)", std::regex::multiline);
-    Names names;
-    for (std::sregex_iterator each(listing.begin(), listing.end(), line), end; each != end; ++each)
-        names.insert((*each)[2]);
-    return names;
+    const std::vector<std::string> names = Matches(listing, R"(^\w+ [^A] (.*)$)");
+    return {names.begin(), names.end()};
 }
 
 // What a header declares so that an expression's first group names it, with the version that it must have.
 Names DeclaredIn(const std::string& file, const std::string& expression) {
-    std::ifstream header(file);
-    const std::string text(std::istreambuf_iterator<char>(header), {});
-    const std::regex declaration(expression, std::regex::multiline);
     Names names;
-    for (std::sregex_iterator each(text.begin(), text.end(), declaration), end; each != end; ++each)
-        names.insert((*each)[1].str() + "@@DEVICESPECIFIC_0");
+    for (const std::string& name : Matches(FileText(file), expression))
+        names.insert(name + "@@DEVICESPECIFIC_0");
     return names;
 }
 
@@ -57,10 +49,9 @@ TEST(Libraries, CInterfaceExportsWhatItsHeaderDeclares) {
 // Not what the compiler makes of the standard library, which would stand in for a host's own.
 TEST(Libraries, PlatformExportsItsOwnNamesAlone) {
     const Names exported = ExportsOf(PLATFORM_FILE);
-    const std::regex own(
-        "((typeinfo|typeinfo name|vtable) for )?DeviceSpecificModule::Platform::.*"
-        "@@DEVICESPECIFIC_0");
-    for (const std::string& name : exported) EXPECT_TRUE(std::regex_match(name, own)) << name;
+    const char* const own =
+        "^((typeinfo|typeinfo name|vtable) for )?DeviceSpecificModule::Platform::.*@@DEVICESPECIFIC_0$";
+    for (const std::string& name : exported) EXPECT_TRUE(HasMatch(name, own)) << name;
     const char* const caught = "typeinfo for DeviceSpecificModule::Platform::ResultError@@DEVICESPECIFIC_0";
     EXPECT_TRUE(exported.contains(caught) && exported.size() > 50);
 }

@@ -6,7 +6,6 @@
 
 #include <filesystem>
 #include <fstream>
-#include <regex>
 #include <sstream>
 
 #include "Support.h"
@@ -48,8 +47,9 @@ std::string WriteJson(const Json::Value& value) {
     builder["indentation"] = "  ";
     builder["emitUTF8"] = true;
     builder["enableYAMLCompatibility"] = true;  // no blank ahead of a colon
-    static const std::regex lineBreak(R"(: \n *([\[{]))");
-    return std::regex_replace(Json::writeString(builder, value), lineBreak, ": $1") + "\n";
+    return DeviceSpecificModule::ReplaceMatches(Json::writeString(builder, value), R"(: \n *([\[{]))",
+                                                ": $1") +
+           "\n";
 }
 
 // What the tool makes of a scenario. Its exit status must fit its result.

@@ -2,9 +2,7 @@
 #include <json/json.h>
 
 #include <algorithm>
-#include <fstream>
 #include <map>
-#include <regex>
 #include <set>
 
 #include "Host/check/Vocabulary.h"
@@ -263,20 +261,18 @@ std::string PropertyLine(const std::string& bagAndName, const std::string& read,
 }
 
 Names PropertyTable() {
-    std::ifstream header(MODULE_HEADER_FILE);
-    const std::regex row(R"(/// \| `(\w+)(?:\.\.\.)?` +\| (\w+) +\| ([JDP ]+) \| ([JDP ]+) \| (\w+) +\|.*)");
+    const char* const row = R"(^/// \| `(\w+)(?:\.\.\.)?` +\| (\w+) +\| ([JDP ]+) \| ([JDP ]+) \| (\w+) +\|)";
     const auto levels = [](std::string cell) {
         std::erase(cell, ' ');
         return cell;
     };
     Names lines;
-    std::smatch cells;
-    for (std::string line; std::getline(header, line);)
-        if (std::regex_match(line, cells, row)) {
-            const std::string bagAndName = cells.str(2) + " " + cells.str(1);
-            line = PropertyLine(bagAndName, levels(cells.str(3)), levels(cells.str(4)), cells.str(5));
-            EXPECT_TRUE(lines.insert(line).second) << line;
-        }
+    for (const PatternMatch& cells : AllMatches(FileText(MODULE_HEADER_FILE), row)) {
+        const std::string bagAndName = cells.at(2) + " " + cells.at(1);
+        const std::string line =
+            PropertyLine(bagAndName, levels(cells.at(3)), levels(cells.at(4)), cells.at(5));
+        EXPECT_TRUE(lines.insert(line).second) << line;
+    }
     return lines;
 }
 
