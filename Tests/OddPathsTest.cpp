@@ -28,12 +28,12 @@ TicketDocument OddTicket() {
         "<psf:Feature><psf:Option psf:name='other'/></psf:Feature>"
         "<psf:Feature name='xml:F'>bound without a declaration</psf:Feature>"
         "<psf:Feature name=\"psk:it's\">quoted</psf:Feature><psf:\xC3\xA4>umlaut</psf:\xC3\xA4>" +
-        Parameter("ns0000:P00a", "no digit") + Parameter("P001", "no prefix") +
-        Parameter("ns0000:00", "two digits") + Parameter("00", "two characters") +
-        Parameter("psk:P001", "another prefix") + Parameter("ns0000:Q001", "another name") +
-        Parameter("ns0000:P0001", "four digits") + Parameter("ns0000:P003", "beyond the room") +
-        Parameter("ns0000:P001", "one") + Parameter("ns0000:P001", "one again") +
-        "<psf:ParameterInit>nameless</psf:ParameterInit>" +
+        Parameter("ns0000:P00a", "no digit") + Parameter("ns0000:P0-1", "a sign") +
+        Parameter("P001", "no prefix") + Parameter("ns0000:00", "two digits") +
+        Parameter("00", "two characters") + Parameter("psk:P001", "another prefix") +
+        Parameter("ns0000:Q001", "another name") + Parameter("ns0000:P0001", "four digits") +
+        Parameter("ns0000:P003", "beyond the room") + Parameter("ns0000:P001", "one") +
+        Parameter("ns0000:P001", "one again") + "<psf:ParameterInit>nameless</psf:ParameterInit>" +
         "<psf:ParameterInit name='ns0000:P002'>valueless</psf:ParameterInit>" +
         DeepElements(40, "<psf:Option name='psk:deep'/>"));
 }
@@ -51,6 +51,7 @@ TEST(OddPaths, FindWhatTheirQueriesFind) {
         {{.Element = u"psf"}},
         {{.Element = u":PrintTicket"}},
         {{.Element = u"@name"}},
+        {{.Element = u"psf:{"}},
         {{.Element = u"Value", .AtAnyDepth = true}},
         {root, {.Element = u"Value"}},
         {root, {.Element = u"xml:Feature"}},
@@ -96,8 +97,19 @@ TEST(OddPaths, SeriesTakeWholeNamesOfThreeDigits) {
     const char* const expected[] = {"none", "one", "none"};
     for (std::size_t number = 0; number < nodes.size(); ++number)
         EXPECT_EQ(Found(true, nodes[number]), expected[number]) << number;
-    const PathStep unbound[] = {{.Element = u"none:X"}, path[1], value};
-    EXPECT_FALSE(ticket->selectSeries(unbound, 1, nodes));
+    const PathStep unbound = {.Element = u"none:X"};
+    EXPECT_FALSE(ticket->selectSeries(std::array{unbound, path[1], value}, 1, nodes));
+    EXPECT_FALSE(ticket->selectSeries(std::array{root, path[1], unbound}, 1, nodes));
+}
+
+TEST(OddPaths, LargeTextsAreAppendedAsSmallOnesAre) {
+    const std::string large = "<psf:Value>" + std::string(4'000'000, 'x') + "</psf:Value>",
+                      small = "<psf:Value>y</psf:Value>";
+    for (const auto& [before, added] : {std::pair(large, small), std::pair(small, large)}) {
+        const TicketDocument ticket = MakeTicket(before);
+        EXPECT_TRUE(ticket->appendToRoot(u"psf:PrintTicket", Wide(added)));
+        EXPECT_TRUE(Narrow(ticket->xml()).ends_with(before + added + "</psf:PrintTicket>\n"));
+    }
 }
 
 TEST(OddPaths, WhatADocumentCannotDoItSays) {

@@ -241,6 +241,9 @@ TEST(TicketDocumentTest, RefusedTextsChangeNothing) {
         EXPECT_EQ(error.Reason.find('\n'), std::string::npos) << error.Reason;
     }
     EXPECT_TRUE(!document->loadXML(WideText()) && TextAt(document, "/a") == "as it was");
+    ParseError error;
+    EXPECT_EQ(LoadTicketDocument(std::string_view(), error), nullptr);
+    EXPECT_NE(error.Reason, "");
 }
 
 // In pieces: the letters, the reference and the letter of two bytes.
@@ -265,7 +268,8 @@ TEST(TicketDocumentTest, ElementsAreNotCrowded) {
     };
     const auto many = [](const std::string& front, int count) {
         std::string attributes;
-        for (int at = 0; at < count; ++at) attributes += " " + front + std::to_string(at) + "='=\">'";
+        for (int at = 0; at < count; ++at)
+            attributes += " " + front + std::to_string(at) + (at % 2 == 0 ? "='=\">'" : "=\"='>\"");
         return attributes;
     };
     const auto utf16 = [](const std::string& ascii) {
@@ -281,6 +285,7 @@ TEST(TicketDocumentTest, ElementsAreNotCrowded) {
     EXPECT_EQ(refusal(utf16(most)), "taken");
     EXPECT_EQ(refusal(utf16(tooMany)), tooManyReason);
     EXPECT_EQ(refusal("<a b='" + std::string(1000, '=') + "'><!--<b" + many("c", 300) + "--></a>"), "taken");
+    EXPECT_EQ(refusal("<a><?b" + many("c", 300) + "?></a>"), "taken");
     std::string nested, end;
     for (int depth = 0; depth < 4; ++depth) {
         nested += "<a" + many("xmlns:p" + std::to_string(depth) + "x", 250) + ">";
@@ -316,6 +321,30 @@ TEST(XmlElementTest, WhatIsWrittenReadsTheSame) {
     EXPECT_EQ(read->Children.at(0).Text, odd);
     EXPECT_EQ(read->Children.at(0).Name.Namespace, "urn:default");
     EXPECT_EQ(read->Children.at(1).Name.Namespace, "urn:p");
+}
+
+TEST(XmlElementTest, LinesAreKnownAsFarAsTheyAreCounted) {
+    for (const auto& [lines, line] : {std::pair(65'533, 65'534), std::pair(65'534, 0)}) {
+        ParseError error;
+        const auto read =
+            ReadXml("<a>" + std::string(static_cast<std::size_t>(lines), '\n') + "<b/></a>", error);
+        ASSERT_TRUE(read) << error.Reason;
+        EXPECT_EQ(read->Children.at(0).Line, line);
+    }
+}
+
+// What documents leave for the next ones has an end, in number and in size.
+TEST(TicketDocumentTest, ManyDocumentsAndLongNames) {
+    std::vector<TicketDocument> documents;
+    for (int count = 0; count < 40; ++count) {
+        const std::string name(count == 0 ? 40'000 : 10, static_cast<char>('a' + count % 26));
+        documents.push_back(
+            Load("<" + name + "><" + name + "2/>" + std::to_string(count) + "</" + name + ">"));
+    }
+    for (int count = 0; count < 40; ++count)
+        EXPECT_EQ(TextAt(documents[static_cast<std::size_t>(count)], "/*"), std::to_string(count));
+    documents.clear();
+    EXPECT_EQ(TextAt(Load("<a>new</a>"), "/a"), "new");
 }
 
 TEST(TicketDocumentTest, EncodingsOfBytes) {

@@ -15,6 +15,7 @@
 #include <filesystem>
 #include <fstream>
 #include <future>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -260,6 +261,11 @@ TEST_F(PrintQueueTest, NoServiceHoldsACallForLongOrSendsWithoutEnd) {
         {.Name = "an error",
          .Start = "HTTP/1.1 404 Not Found\r\nContent-Length: 0\r\n\r\n",
          .AtMost = silent},
+        {.Name = "an error instead of encryption",
+         .Start = "HTTP/1.1 400 Bad Request\r\nContent-Length: 0\r\n\r\n",
+         .AtMost = silent,
+         .Asked = false,
+         .Encryption = HTTP_ENCRYPTION_REQUIRED},
         {.Name = "a header byte now and then", .Start = ok + "X: ", .Again = "x", .Pause = 100ms},
         {.Name = "a body byte now and then", .Start = longName, .Again = "x", .Pause = 100ms},
         {.Name = "go on, now and then", .Start = "", .Again = goOn, .Pause = 100ms},
@@ -277,6 +283,7 @@ TEST_F(PrintQueueTest, NoServiceHoldsACallForLongOrSendsWithoutEnd) {
          .Again = Times(1000, "\x44\0\x01z\0\x02zz"s)},
         {.Name = "go on for ever", .Start = "", .Again = Times(1000, goOn)},
         {.Name = "right", .Start = HttpAnswer(ippAnswer), .Result = u"Title"},
+        {.Name = "a job without a name", .Start = HttpAnswer(ippStart + "\x03"), .Result = u""},
         {.Name = "right, then closed", .Start = HttpAnswer(ippAnswer), .Result = u"Title", .Closes = true},
         // 177 bytes: longer than a service may be silent.
         {.Name = "right in pieces", .Start = HttpAnswer(ippAnswer), .Result = u"Title", .Pause = 13ms},
@@ -308,6 +315,21 @@ TEST_F(PrintQueueTest, NoServiceHoldsACallForLongOrSendsWithoutEnd) {
         done.push_back(std::async(std::launch::async, ask, index));
     for (auto& each : done) each.get();
     EXPECT_EQ(FirstDocumentName(u"two"), std::nullopt) << "where no service is";
+}
+
+// Who else keeps answers changes nothing for one who does already.
+TEST(KeptAnswersTest, LastAsLongAsAnybodyKeepsThem) {
+    EXPECT_EQ(KeptAnswers::CurrentTime(), 0u);
+    auto first = std::make_unique<KeptAnswers>();
+    const auto time = KeptAnswers::CurrentTime();
+    EXPECT_NE(time, 0u);
+    auto second = std::make_unique<KeptAnswers>();
+    EXPECT_EQ(KeptAnswers::CurrentTime(), time);
+    first.reset();
+    EXPECT_EQ(KeptAnswers::CurrentTime(), time);
+    second.reset();
+    EXPECT_EQ(KeptAnswers::CurrentTime(), 0u);
+    EXPECT_GT((first = std::make_unique<KeptAnswers>(), KeptAnswers::CurrentTime()), time);
 }
 
 // The loader's log of a job in a process of its own tells which libraries it loads.
