@@ -81,9 +81,9 @@ void AddVocabulary(Words& words) {
 #define T(name) words.AddAll(name##CommandTable);
 #include "Data/tables/keyword-tables.inc"
 #undef T
-    for (const FeatureList list :
-         {LayoutFinishingList, DeviceOverlayList, SimpleQualityList, DetailQualityList})
-        words.AddAll(list);
+#define L(name) words.AddAll(name##List);
+#include "Data/stages/feature-lists.inc"
+#undef L
     for (const auto table :
          {MediaSizeRecords(), MediaTypeRecords(), InputBinRecords(), SimplexPageModeRecords(),
           DuplexPageModeRecords(), OrientationRecords(), OutputBinRecords()})

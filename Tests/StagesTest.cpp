@@ -148,16 +148,17 @@ void ExpectList(const std::string& name, FeatureList list) {
 }
 
 TEST(FeatureLists, HaveTheirRows) {
-#define L(name) \
-    { #name, name }
-    const std::map<std::string, FeatureList> lists = {L(LayoutFinishingList), L(DeviceOverlayList),
-                                                      L(SimpleQualityList), L(DetailQualityList)};
+#define L(name) {#name "List", name##List},
+    const std::map<std::string, FeatureList> lists = {
+#include "Data/stages/feature-lists.inc"
+    };
+#undef L
     for (const auto& [name, list] : lists) ExpectList(name, list);
     for (const std::string& name :
          Matches(FileText(MODULE_FOLDER "/stages/FeatureLists.h"), R"(extern const FeatureList (\w+);)"))
         EXPECT_TRUE(lists.contains(name))
-            << "FeatureLists.h has a new list: add L(" << name << ") to this test, and [" << name
-            << "] with its rows to Tests/Data/stages/lists.tsv";
+            << "FeatureLists.h has a new list, " << name << ": add it to Tests/Data/stages/feature-lists.inc,"
+            << " without \"List\", and [" << name << "] with its rows to lists.tsv beside it";
 }
 
 TEST(Stages, MakeTheJobNameFromTheDocumentName) {
