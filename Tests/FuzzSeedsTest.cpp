@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "Cases.h"
 #include "Targets.h"
 
 // Replays what the fuzzers begin with, every finding ever made among it. A contract that doesn't hold ends
@@ -51,6 +52,22 @@ TEST_P(FuzzSeeds, KeepTheContract) {
 
 INSTANTIATE_TEST_SUITE_P(All, FuzzSeeds, testing::ValuesIn(Fuzz::Targets),
                          [](const auto& each) { return std::string(each.param.Name); });
+
+// A target that one of these leaves out would not be run but for its seeds.
+TEST(FuzzTargets, StandWhereTheyAreBuiltAndRun) {
+    using DeviceSpecificModule::HasMatch;
+    const std::string builds = DeviceSpecificModule::FileText(SEEDS_DIR "/../CMakeLists.txt");
+    const std::string runs = DeviceSpecificModule::FileText(SEEDS_DIR "/../../fuzz");
+    for (const Fuzz::Target& target : Fuzz::Targets) {
+        const std::string name(target.Name);
+        EXPECT_TRUE(HasMatch(builds, "^foreach\\(target .*\\b" + name + "\\b"))
+            << "add " << name << " to the foreach of Fuzz/CMakeLists.txt";
+        EXPECT_TRUE(HasMatch(runs, "\\[" + name + "\\]=[0-9]+"))
+            << "add [" << name << "] with its longest input to the script fuzz";
+        EXPECT_TRUE(HasMatch(runs, "^order=\\(.*\\b" + name + "\\b"))
+            << "add " << name << " to \"order\" in the script fuzz";
+    }
+}
 
 // Seeds of no target would never be run.
 TEST(FuzzSeedFolders, BelongToTargets) {
