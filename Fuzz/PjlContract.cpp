@@ -36,7 +36,9 @@ public:
 
 private:
     void Demand(bool holds, const char* contract) const {
-        if (!holds) Require(false, contract, WideText::Join({whole_, u"\n---- from here:\n", rest_}).View());
+        constexpr std::u16string_view here =
+            u"\n---- from here on RequirePjl in Fuzz/PjlContract.cpp awaits something else:\n";
+        if (!holds) Require(false, contract, WideText::Join({whole_, here, rest_}).View());
     }
 
     std::u16string_view whole_;

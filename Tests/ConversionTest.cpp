@@ -169,7 +169,7 @@ void RunCase(const Json::Value& each) {
 
 TEST(Conversion, GivesWhatTheCasesSay) {
     for (const Json::Value& each : ReadCases("conversion/conversions.json")) {
-        SCOPED_TRACE(each["name"].asString());
+        SCOPED_TRACE("\"" + each["name"].asString() + "\" in Tests/Data/conversion/conversions.json");
         RunCase(each);
     }
 }
