@@ -109,7 +109,14 @@ TEST_F(Descriptions, CompletionOffersWhatTheToolHas) {
     for (const std::string& verb : verbs) EXPECT_EQ(Completed(verb + " -"), OptionsOf(verb)) << verb;
 }
 
+TEST_F(Descriptions, ReadmeNamesEachVerb) {
+    const std::string readme = Module::FileText(PACKAGING_DIR "/../README.md");
+    for (const std::string& verb : Verbs())
+        EXPECT_TRUE(Module::HasMatch(readme, "\\btickethost " + verb + "\\b")) << "README.md lacks " << verb;
+}
+
 TEST_F(Descriptions, ManPageSaysWhatTheToolHas) {
+    SCOPED_TRACE("Packaging/tickethost.1 against what the tool's help says");
     const std::string source = Module::OutputOf("cat '" PACKAGING_DIR "/tickethost.1'");
     const std::string page = Module::ReplaceMatches(source, R"(\\-)", "-") + ".SH";
     const std::string verbs = Between(page, "\n.SH VERBS", "\n.SH") + "\n.SS ";
