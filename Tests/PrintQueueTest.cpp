@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 #include <signal.h>
 #include <sys/prctl.h>
+#include <sys/resource.h>
 #include <sys/socket.h>
 #include <sys/un.h>
 #include <sys/wait.h>
@@ -315,6 +316,27 @@ TEST_F(PrintQueueTest, NoServiceHoldsACallForLongOrSendsWithoutEnd) {
         done.push_back(std::async(std::launch::async, ask, index));
     for (auto& each : done) each.get();
     EXPECT_EQ(FirstDocumentName(u"two"), std::nullopt) << "where no service is";
+}
+
+// A question takes some files. However many are left there is an answer or none, and nothing else.
+TEST_F(PrintQueueTest, WithoutFilesLeftThereIsNoName) {
+    ASSERT_NO_FATAL_FAILURE(StartScheduler());
+    AddJob("two", "First");
+    EXPECT_EQ(FirstDocumentName(u"two"), u"First");
+    rlimit before{};
+    ASSERT_EQ(getrlimit(RLIMIT_NOFILE, &before), 0);
+    const int next = dup(httpGetFd(connection_));
+    close(next);
+    rlim_t left = 0;
+    for (std::optional<std::u16string> name; !name && left < 20; ++left) {
+        rlimit limit = before;
+        limit.rlim_cur = static_cast<rlim_t>(next) + left;
+        ASSERT_EQ(setrlimit(RLIMIT_NOFILE, &limit), 0);
+        name = FirstDocumentName(u"two");
+        setrlimit(RLIMIT_NOFILE, &before);
+        EXPECT_TRUE(!name || *name == u"First") << left;
+    }
+    EXPECT_TRUE(left > 3 && left < 20) << left;
 }
 
 // Who else keeps answers changes nothing for one who does already.

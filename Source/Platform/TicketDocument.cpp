@@ -19,10 +19,8 @@ struct OpenText {
 
 OpenText OpenRoot(std::u16string_view xml, bool hasChildren) {
     if (hasChildren) return {xml.substr(0, xml.rfind(u'<')), u""};
-    const std::size_t slash = xml.rfind(u'/');
-    if (slash == xml.npos) return {xml, u""};
-    const bool hasEndTag = slash > 0 && xml[slash - 1] == u'<';
-    if (hasEndTag) return {xml.substr(0, slash - 1), u""};
+    const std::size_t slash = xml.rfind(u'/');  // of "<a/>" or "<a></a>", so not the first character
+    if (xml[slash - 1] == u'<') return {xml.substr(0, slash - 1), u""};
     return {xml.substr(0, slash), u">"};
 }
 
