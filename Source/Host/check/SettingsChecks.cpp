@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <map>
 #include <set>
+#include <span>
 
 #include "Host/check/PerPageChecks.h"
 #include "Host/check/ValueChecks.h"
@@ -82,22 +83,20 @@ void CheckPieces(const TicketSettings& settings, TicketReport& report) {
                                    NameOfCount(*settings.Series) + " counts are missing: " + list);
 }
 
-// The piece and the place in it, and the ticket's line where the piece begins.
+// The piece and the place in it, and the ticket's line where the piece begins. What is missing at the end is
+// missing in the last piece that counts; there is one, since nothing at all is no fault.
 void CheckForm(const TicketSettings& settings, TicketReport& report) {
     if (settings.IsWellFormed) return;
-    const SettingsPiece* piece = PieceAt(settings, settings.FaultAt);
-    const SettingsPiece* last = nullptr;
+    const SettingsPiece* piece = &settings.Pieces.front();
     std::size_t at = settings.FaultAt;
-    for (const SettingsPiece& each : settings.Pieces) {
-        if (!IsCounted(settings, each) || &each == piece) break;
-        if (piece != nullptr || &each != &settings.Pieces.back()) at -= std::min(at, each.Text.size());
-        last = &each;
+    for (const SettingsPiece& next : std::span(settings.Pieces).subspan(1)) {
+        if (!IsCounted(settings, next) || at < piece->Text.size()) break;
+        at -= piece->Text.size();
+        piece = &next;
     }
-    if (piece == nullptr) piece = last;
-    const std::string place =
-        piece == nullptr ? "" : ", piece " + Digits(piece->Index) + ", character " + std::to_string(at + 1);
-    report.Warn(piece == nullptr ? settings.Line : piece->Line,
-                "the " + std::string(settings.Series->Scope) + " settings are malformed JSON" + place + ": " +
+    report.Warn(piece->Line,
+                "the " + std::string(settings.Series->Scope) + " settings are malformed JSON, piece " +
+                    Digits(piece->Index) + ", character " + std::to_string(at + 1) + ": " +
                     settings.FaultCause,
                 "what stands ahead of it counts, what stands behind it doesn't");
 }
