@@ -104,6 +104,15 @@ TEST_F(CheckVerb, ReportsInBothFormsAndByItsStatus) {
          "nothing: the "
          "device has no such thing\"}]\n}\n",
          ""},
+        {"check --format json --user 'M\"ia' --job-name 'a\"b' good.xml", 0,
+         "{\n  \"warnings\": [\n    {\"file\": \"good.xml\", \"place\": \"pipeline.UserSecurityToken\", "
+         "\"text\": \"the "
+         "user's name \\\"M\\\"ia\\\" goes into the header as it is, where it ends a line or a quoted "
+         "text\"},\n"
+         "    {\"file\": \"good.xml\", \"place\": \"pipeline.PrinterName\", \"text\": \"the document's name "
+         "\\\"a\\\"b\\\" goes into the header as it is, where it ends a line or a quoted text\"}],\n"
+         "  \"notes\": []\n}\n",
+         ""},
         {"check page.html", 2, "",
          "tickethost: page.html:1:15: a DOCTYPE is not allowed; this is an HTML page, not a Print Ticket\n"},
         {"check prefix.xml", 2, "",
