@@ -143,15 +143,24 @@ TEST(HtmlReport, PagesAreReadOffLinesAndTicket) {
 }
 
 // Each row of pages and the sheets that they make: "a" and "b" are two-sided on two kinds of paper, "o" is
-// one-sided and "x" failed. "1+2..6*3" is three equal sheets.
+// one-sided and "x" failed; "w", "h" and "m" are wider, higher and of another medium than "a", and "t" is
+// turned. "1+2..6*3" is three equal sheets.
 TEST(HtmlReport, PagesGoOntoSheets) {
     const struct {
         std::string_view Pages;
         bool Apart;
         const char* Sheets;
-    } rows[] = {{"aaaa", false, "1+2..4*2 "}, {"aab", false, "1+2 3 "},  {"abba", false, "1 2+3 4 "},
-                {"aoa", false, "1 2 3 "},     {"ooo", false, "1..3*3 "}, {"aaaaa", false, "1+2..4*2 5 "},
-                {"axa", false, "1 2 3 "},     {"aaa", true, "1..3*3 "},  {"", false, ""}};
+    } rows[] = {{"aaaa", false, "1+2..4*2 "},
+                {"aab", false, "1+2 3 "},
+                {"abba", false, "1 2+3 4 "},
+                {"aoa", false, "1 2 3 "},
+                {"ooo", false, "1..3*3 "},
+                {"aaaaa", false, "1+2..4*2 5 "},
+                {"axa", false, "1 2 3 "},
+                {"aaa", true, "1..3*3 "},
+                {"awaham", false, "1 2 3 4 5 6 "},
+                {"aaat", false, "1+2 3+4 "},
+                {"", false, ""}};
     for (const auto& [pages, apart, expected] : rows) {
         SheetRow row;
         if (apart) row.KeepPagesApart();
@@ -161,6 +170,10 @@ TEST(HtmlReport, PagesGoOntoSheets) {
             page.Facts.Edge = kind == 'o' ? TurningEdge::None : TurningEdge::Left;
             page.Facts.Failed = kind == 'x';
             page.Facts.Bin.Name = kind == 'b' ? "other" : "";
+            page.Facts.Medium.Name = kind == 'm' ? "other" : "";
+            page.Facts.Width = kind == 'w' ? 1 : 0;
+            page.Facts.Height = kind == 'h' ? 1 : 0;
+            page.Facts.Orientation = kind == 't' ? "Landscape" : "";
             row.Add(page);
         }
         row.End();
@@ -172,6 +185,118 @@ TEST(HtmlReport, PagesGoOntoSheets) {
             sheets << " ";
         }
         EXPECT_EQ(sheets.str(), expected) << pages;
+    }
+}
+
+struct MadePage {
+    std::string Lines, Ticket, Orientation;  // data lines, the ticket's children, what the job's ticket says
+    bool Fails = false;
+    std::int32_t Level = 0;
+};
+
+// Without option tables and a snapshot.
+std::string ReportOf(const std::vector<MadePage>& pages) {
+    Job job{"job", {}, {}};
+    job.Settings.Tables.emplace();
+    job.Settings.Snapshot = false;
+    for (const MadePage& page : pages)
+        job.Calls.push_back({page.Level, std::make_shared<Ticket>(Ticket{"ticket.xml", ""})});
+    std::ostringstream out;
+    HtmlReport report(out);
+    report.Begin(job, {});
+    PipelineProperties properties;
+    std::string data;
+    for (std::size_t at = 0; at < pages.size(); ++at) {
+        const WideText ticket = Module::MakeTicket(pages[at].Ticket)->xml();
+        properties[u"DATA"] = Module::Wide(data += pages[at].Lines);
+        properties[u"PageOrientation"] = Module::Wide(pages[at].Orientation);
+        const auto error = pages[at].Fails ? std::optional(CallError{"Error", {}, ""}) : std::nullopt;
+        report.Take({at + 1, job.Calls[at], 1, error, ticket, ticket, properties});
+    }
+    report.End(properties);
+    return out.str();
+}
+
+// A sheet as it is drawn and captioned: "#1" is a page's number, "?" one whose paper is drawn as unknown.
+std::string SheetText(const XmlElement& sheet) {
+    std::string text = AttributeOf(sheet, "class");
+    Walk(sheet, [&text](const XmlElement& each) {
+        const std::string& name = each.Name.Local;
+        if (name == "path") text += "|" + AttributeOf(each, "class");
+        if (name == "rect" && AttributeOf(each, "class") == "paper unknown") text += "|?";
+        if (each.Text.find_first_not_of('\n') != std::string::npos)
+            text += (name == "text" ? "|#" : "|") + each.Text;
+    });
+    return text;
+}
+
+TEST(HtmlReport, SheetsAreDrawnAndCaptioned) {
+    const auto line = [](const std::string& value, const std::string& name) {
+        return "ubyte \"" + value + "\" " + name + "\r\n";
+    };
+    const std::string a4 = line("02", "MediaSize"), custom = "uint16_xy \"Custom\" MediaSize\r\n",
+                      wide = custom + line("2100", "CustWidth"), tray2 = line("05", "MediaSource"),
+                      left = line("1", "DuplexPageMode"), top = line("0", "DuplexPageMode"),
+                      tall = wide + line("12000", "CustHeight") + left,
+                      square = wide + line("2100", "CustHeight"), oneSided = line("0", "SimplexPageMode");
+    const std::string size = Module::Feature("psk:PageMediaSize", "psk:ISOA4"),
+                      own = Module::Feature("psk:PageMediaSize", "ns0000:Own"),
+                      plain = Module::Feature("psk:PageMediaType", "psk:Plain"),
+                      portrait = Module::Feature("psk:PageOrientation", "psk:Portrait"),
+                      landscape = Module::Feature("psk:PageOrientation", "psk:Landscape");
+    const MadePage equal{a4 + top + tray2, plain, "psk:Portrait"};
+    const std::string none = "|Medium|not given|Bin|not given|Sides|", by = "\u00A0\u00D7\u00A0",
+                      isA4 = "|Size|ISOA4, 210" + by + "297\u00A0mm|Reads|";
+    const struct {
+        std::vector<MadePage> Pages;
+        std::string Sheet;  // the last one
+    } rows[] = {
+        {{{tall, size + portrait, ""}, {tall, size + landscape, ""}},
+         "broad|edge|cut|#1|edge|cut|#2|Pages 1 and 2|Size|CustomMediaSize, 210" + by +
+             "1200\u00A0mm|in the ticket ISOA4|Reads|Portrait, back Landscape" + none +
+             "two, turned on the long edge, left"},
+        {{equal, equal, equal, equal},
+         "sheet|edge|#1|edge|#2|Pages 1 to 4| \u00B7 2 sheets" + isA4 +
+             "Portrait (the job\u2019s)|Medium|Plain, |no line says so|Bin|TRAY2|Sides|two, turned "
+             "on the short edge, top"},
+        {{{a4 + left, portrait, ""}, {a4 + left, "", ""}},
+         "sheet|edge|#1|edge|#2|Pages 1 and 2" + isA4 + "Portrait, back not given" + none +
+             "two, turned on the long edge, left"},
+        {{{a4, "", "", true}},
+         "sheet|?|failed-page|#1|Page 1|The call failed." + isA4 + "not given" + none + "no line says so"},
+        {{{wide, landscape, ""}},
+         "sheet|?|#1|Page 1|Size|CustomMediaSize, dimensions not known|Reads|Landscape" + none +
+             "no line says so"},
+        {{{"", own + portrait, ""}},
+         "sheet|?|#1|Page 1|Size|Own, dimensions not known, |no line says so|Reads|Portrait" + none +
+             "no line says so"},
+        {{{square + oneSided + left, portrait, ""}},
+         "sheet|edge|#1|Page 1|Size|CustomMediaSize, 210" + by + "210\u00A0mm|Reads|Portrait" + none +
+             "one, |yet a line for two goes with it: left edge"},
+        {{{a4 + left, portrait, "", false, 2}},
+         "sheet|edge|#job|The job itself" + isA4 + "Portrait" + none + "two, turned on the long edge, left"},
+    };
+    for (const auto& [pages, sheet] : rows) {
+        const XmlElement page = ReadPage(ReportOf(pages));
+        CheckPage(page);
+        std::string last;
+        Walk(page, [&last](const XmlElement& each) {
+            const std::string kind = AttributeOf(each, "class");
+            if (each.Name.Local == "li" && (kind == "sheet" || kind == "broad")) last = SheetText(each);
+        });
+        EXPECT_EQ(last, sheet);
+    }
+}
+
+TEST(HtmlReport, JobsThatAreOddSaySo) {
+    const std::pair<std::vector<MadePage>, std::vector<const char*>> rows[] = {
+        {{},
+         {"The job has no calls.", "No page was converted.", "Option tables: none",
+          "No snapshot: each call "}},
+        {std::vector<MadePage>(51, {"", "", "", true}), {"51 calls failed.", "And 1 more."}}};
+    for (const auto& [pages, texts] : rows) {
+        const std::string page = TextOf(ReadPage(ReportOf(pages)));
+        for (const char* text : texts) EXPECT_NE(page.find(text), page.npos) << text << page;
     }
 }
 
@@ -274,13 +399,17 @@ TEST_F(HostTool, ReportsOfTheSamplesAreWellFormedPages) {
 
 // Pages that are alike take one drawing and one account; of those that aren't only so many are told.
 TEST(HtmlReport, LongJobsStayShort) {
+    const std::u16string_view front = u"1\" DuplexPageMode\r\nubyte \"05",
+                              other = u"1\" DuplexPageMode\r\nubyte \"07";
     const struct {
         std::vector<std::u16string_view> Bins;
         std::size_t MostBytes;
         const char* Says;
     } rows[] = {{{u"05"}, 40'000, "Pages 1 to 3000"},
                 {{u"05", u"07"}, 3'500'000, "2000 more pages are not drawn"},
-                {{u"05", u"07"}, 3'500'000, "2000 more calls not told"}};
+                {{u"05", u"07"}, 3'500'000, "2000 more calls not told"},
+                // page 1, then 999 of the sheets of two pages that follow
+                {{front, front, other, other}, 3'500'000, "1001 more pages are not drawn"}};
     for (const auto& [bins, mostBytes, says] : rows) {
         const Job job{"long", {}, {{0, std::make_shared<Ticket>(Ticket{"page.xml", ""})}}};
         std::ostringstream out;
