@@ -11,6 +11,7 @@
 #include "Host/ground/Json.h"
 #include "Host/ground/Texts.h"
 #include "Host/jobs/Manifest.h"
+#include "Host/output/CallWords.h"
 #include "Host/output/TextOutput.h"
 #include "HostTool.h"
 #include "Platform/Files.h"
@@ -106,6 +107,28 @@ TEST(Host, TextForAPersonSaysWhatACallDid) {
               "  properties\n    Null = null\n    Gone is gone\n"
               "  ticket unchanged\n\n"
               "calls not made: 1; --keep-going makes them\n");
+}
+
+TEST(Host, CallsAndTheirErrorsHaveWords) {
+    const std::pair<std::string, const char*> rows[] = {
+        {NameOfLevel(2), "job level"},
+        {NameOfLevel(0), "page level"},
+        {NameOfLevel(7), "page level (7)"},
+        {NameCalls({4}), "call 4"},
+        {NameCalls({1, 3, 4, 5, 9}), "calls 1, 3 to 5, 9"},
+        {NameCalls({1, 2, 4}), "calls 1, 2, 4"},
+        {ExplainError({"ResultError", 0x8007000E, ""}), "there was no memory for a text or a document"},
+        {ExplainError({"ResultError", 0x80004005, ""}), "a number could not be formatted"},
+        {ExplainError({"ResultError", 0x80070057, ""}), "the code page in force is not known"},
+        {ExplainError({"std::invalid_argument", {}, ""}), "a setting that must be a number is none"},
+        {ExplainError({"std::out_of_range", {}, ""}), "a setting's number or position is out of range"},
+        {ExplainError({"std::length_error", {}, ""}),
+         "the user settings are cut into more pieces than can be named"},
+        {ExplainError({"std::bad_alloc", {}, ""}), ""}};
+    for (const auto& [words, expected] : rows) EXPECT_EQ(words, expected);
+    for (const std::string_view line : {"Page_", "Page_1a", "page_1", "xPage_1"})
+        EXPECT_FALSE(IsPageMarker(line)) << line;
+    EXPECT_TRUE(IsPageMarker("Page_10"));
 }
 
 TEST_F(HostTool, RefusesWhatItCannotRead) {
