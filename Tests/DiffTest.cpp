@@ -16,6 +16,7 @@
 #include "HostTool.h"
 #include "Platform/Clock.h"
 #include "Support.h"
+#include "ticket/TicketNamespaces.h"
 
 namespace TicketHost {
 namespace {
@@ -133,6 +134,16 @@ TEST_F(HostTool, TellsByItsStatusWhetherJobsDiffer) {
     ASSERT_EQ(calls.size(), 7u);  // all but the first, which both make
     EXPECT_EQ(calls[0]["call"].asInt(), 2);
     EXPECT_TRUE(calls[0]["before"].isNull() && calls[0]["after"]["level"].asInt() == 1) << calls[0];
+
+    const std::string gone = Run("diff --user ''" + job + ticket).Output;
+    EXPECT_TRUE(gone.starts_with("Call 2: document level, ") && gone.ends_with(" -> no such call\n")) << gone;
+    Write("bad.xml", "<psf:PrintTicket xmlns:psf='" FRAMEWORK_NAMESPACE "' xmlns:psk='" KEYWORDS_NAMESPACE
+                     "' xmlns:ns0000='" DEVMODE_NAMESPACE "'>" +
+                         Module::Settings("7") + "</psf:PrintTicket>");
+    const Outcome fails = Run("diff --format json" + ticket + " bad.xml");
+    const Json::Value errors = ReadJson("output", fails.Output)["calls"][0]["errors"];
+    EXPECT_TRUE(errors["before"].isNull()) << errors;
+    EXPECT_TRUE(errors["after"].asString().starts_with("JsonError: ")) << errors;
 }
 
 }  // namespace
