@@ -36,6 +36,12 @@ TEST(TicketChanges, NameWhatDiffersByFeature) {
     const std::string cut = "..." + std::string(40, 'a');
     EXPECT_EQ(Compare(Module::Parameter("psk:A", same + "1"), Module::Parameter("psk:A", same + "2" + end)),
               Lines{"A: " + cut + "1 -> " + cut + "2" + std::string(76, 'b') + "... (124 more)"});
+    const std::string longer(130, 'a'), start = std::string(119, 'a') + "... (11 more)";
+    EXPECT_EQ(Compare(Module::Parameter("psk:A", "1" + longer), Module::Parameter("psk:A", "2" + longer)),
+              Lines{"A: 1" + start + " -> 2" + start});
+    const Platform::WideText good(u"<a/>"), bad(u"<a");
+    EXPECT_EQ(LinesOf(CompareTickets(bad, good)), Lines{"the ticket: no XML -> XML"});
+    EXPECT_EQ(LinesOf(CompareTickets(good, bad)), Lines{"the ticket: XML -> no XML"});
     EXPECT_EQ(LinesOf(CompareTickets(Platform::WideText(u"<a v='1'/>"), Platform::WideText(u"<b v='2'/>"))),
               (Lines{"the root element: a -> b", "/a @v: 1 -> 2"}));
 }
