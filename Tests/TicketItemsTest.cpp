@@ -83,8 +83,9 @@ TEST(TicketItems, SettingsThatArePutInAreThoseThatTheModuleReads) {
             for (const SettingsPiece& piece : settings.Pieces)
                 said << " " << piece.Index << (IsCounted(settings, piece) ? "" : "!");
             said << ": " << (settings.IsWellFormed ? WriteSettings(settings.Values) : settings.FaultCause);
-            if (const SettingsPiece* piece = PieceAt(settings, settings.FaultAt); !settings.IsWellFormed)
-                said << " at " << settings.FaultAt << (piece ? " in " + std::to_string(piece->Index) : "");
+            if (!settings.IsWellFormed)
+                said << " at " << settings.FaultAt << " in "
+                     << PlaceInPieces(settings, settings.FaultAt).Piece.Index;
             said << ";";
         }
         EXPECT_EQ(said.str(), each["reads"].asString()) << each;

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <map>
 #include <set>
-#include <span>
 
 #include "Host/check/PerPageChecks.h"
 #include "Host/check/ValueChecks.h"
@@ -83,20 +82,13 @@ void CheckPieces(const TicketSettings& settings, TicketReport& report) {
                                    NameOfCount(*settings.Series) + " counts are missing: " + list);
 }
 
-// The piece and the place in it, and the ticket's line where the piece begins. What is missing at the end is
-// missing in the last piece that counts; there is one, since nothing at all is no fault.
+// The piece and the place in it, and the ticket's line where the piece begins.
 void CheckForm(const TicketSettings& settings, TicketReport& report) {
     if (settings.IsWellFormed) return;
-    const SettingsPiece* piece = &settings.Pieces.front();
-    std::size_t at = settings.FaultAt;
-    for (const SettingsPiece& next : std::span(settings.Pieces).subspan(1)) {
-        if (!IsCounted(settings, next) || at < piece->Text.size()) break;
-        at -= piece->Text.size();
-        piece = &next;
-    }
-    report.Warn(piece->Line,
+    const auto [piece, at] = PlaceInPieces(settings, settings.FaultAt);
+    report.Warn(piece.Line,
                 "the " + std::string(settings.Series->Scope) + " settings are malformed JSON, piece " +
-                    Digits(piece->Index) + ", character " + std::to_string(at + 1) + ": " +
+                    Digits(piece.Index) + ", character " + std::to_string(at + 1) + ": " +
                     settings.FaultCause,
                 "what stands ahead of it counts, what stands behind it doesn't");
 }
@@ -219,9 +211,8 @@ void SettingsChecker::CheckMembers(const TicketSettings& settings) {
         for (const std::string& name :
              members.isNull() ? std::vector<std::string>() : members.getMemberNames()) {
             const Json::Value& value = members[name];
-            const SettingsPiece* piece = PieceAt(settings, static_cast<std::size_t>(value.getOffsetStart()));
-            const Member member{settings.Series, group, piece == nullptr ? settings.Line : piece->Line,
-                                &value};
+            const auto at = static_cast<std::size_t>(value.getOffsetStart());
+            const Member member{settings.Series, group, PlaceInPieces(settings, at).Piece.Line, &value};
             CheckHidden(name, member);
             CheckMember(name, member);
             job_.Settings[group][name] = value;

@@ -133,15 +133,10 @@ void TicketLister::AddPageEntries(const ItemPlace& setting, std::size_t parent, 
 
 // The line of a byte of the joined text, as far as it is known.
 int TicketLister::LineOf(const TicketSettings& settings, std::ptrdiff_t byte) const {
-    auto left = static_cast<std::size_t>(byte);
-    const SettingsPiece* piece = PieceAt(settings, left);
-    if (piece == nullptr || piece->Line == 0) return settings.Line;
-    for (const SettingsPiece& ahead : settings.Pieces) {
-        if (&ahead == piece) break;
-        left -= ahead.Text.size();
-    }
-    const auto end = piece->Text.begin() + static_cast<std::ptrdiff_t>(left);
-    return piece->Line + static_cast<int>(std::count(piece->Text.begin(), end, '\n'));
+    const auto [piece, at] = PlaceInPieces(settings, static_cast<std::size_t>(byte));
+    if (piece.Line == 0) return settings.Line;
+    const auto end = piece.Text.begin() + static_cast<std::ptrdiff_t>(at);
+    return piece.Line + static_cast<int>(std::count(piece.Text.begin(), end, '\n'));
 }
 
 void ListTickets(const Job& job, JobItems& all) {

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <charconv>
 #include <optional>
+#include <span>
 
 namespace TicketHost {
 namespace {
@@ -95,13 +96,14 @@ std::vector<TicketSettings> ReadSettings(const XmlElement& root) {
     return all;
 }
 
-const SettingsPiece* PieceAt(const TicketSettings& settings, std::size_t byte) {
-    for (const SettingsPiece& piece : settings.Pieces) {
-        if (!IsCounted(settings, piece)) break;
-        if (byte < piece.Text.size()) return &piece;
-        byte -= piece.Text.size();
+PiecePlace PlaceInPieces(const TicketSettings& settings, std::size_t byte) {
+    const SettingsPiece* piece = &settings.Pieces.front();
+    for (const SettingsPiece& next : std::span(settings.Pieces).subspan(1)) {
+        if (!IsCounted(settings, next) || byte < piece->Text.size()) break;
+        byte -= piece->Text.size();
+        piece = &next;
     }
-    return nullptr;
+    return {*piece, byte};
 }
 
 #pragma GCC diagnostic push

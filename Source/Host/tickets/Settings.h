@@ -64,8 +64,14 @@ inline bool IsCounted(const TicketSettings& settings, const SettingsPiece& piece
 // The series of a ticket whose counts stand there, in their order.
 std::vector<TicketSettings> ReadSettings(const Platform::XmlElement& root);
 
-// The piece in which a byte of the joined text stands; null behind the last one.
-const SettingsPiece* PieceAt(const TicketSettings& settings, std::size_t byte);
+// A byte of the joined text: its piece, and where in that it stands.
+struct PiecePlace {
+    const SettingsPiece& Piece;
+    std::size_t At;
+};
+
+// The text, which must not be empty, ends in its last piece.
+PiecePlace PlaceInPieces(const TicketSettings& settings, std::size_t byte);
 
 // The series as JSON text, as it can stand in one piece.
 std::string WriteSettings(const Json::Value& values);
