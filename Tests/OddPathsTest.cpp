@@ -115,7 +115,8 @@ TEST(OddPaths, LargeTextsAreAppendedAsSmallOnesAre) {
 TEST(OddPaths, WhatADocumentCannotDoItSays) {
     const TicketDocument ticket = OddTicket();
     EXPECT_FALSE(ticket->IXMLDOMDocument2::selectSeries({}, 0, {}));
-    for (const char16_t* malformed : {u"xmlns:", u"xmlns:x=", u"other:x='urn:a'", u"xmlns:x='urn:a"})
+    for (const char16_t* malformed :
+         {u"xmlns:", u"xmlns:x=", u"other:x='urn:a'", u"xmlns:x='urn:a", u"xmlns:x='' '"})
         EXPECT_FALSE(ticket->setProperty(u"SelectionNamespaces", malformed)) << Narrow(WideText(malformed));
     EXPECT_FALSE(ticket->appendToRoot(u"none:PrintTicket", WideText(u"<x/>")));
 
