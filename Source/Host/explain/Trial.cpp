@@ -1,6 +1,7 @@
 #include "Host/explain/Trial.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "Host/ground/Texts.h"
 #include "Host/tickets/TicketChanges.h"
@@ -74,7 +75,7 @@ TrialOutcome OutcomeTaker::Read(const CallResult& result) {
     TrialOutcome outcome;
     if (result.Error) outcome.Error = result.Error->Type + ": " + result.Error->Message;
     const WideText pjl = pjl_, data = data_;
-    const PipelineProperties before = std::move(others_);
+    const PipelineProperties before = std::exchange(others_, {});
     TakeProperties(result.Properties);
     outcome.Pjl = pjl_;
     outcome.ChangesPjl = pjl.IsNull() != pjl_.IsNull() || !(pjl == pjl_) ||
