@@ -196,6 +196,7 @@ TEST(SecretPreparation, TakesTheKeyFromThePassphrase) {
 }
 
 TEST(SecretPreparation, EnciphersTheBytesOfTheSecret) {
+    EXPECT_EQ(AnsiFromWide(u"a"), (WipedBytes{'a', 0}));
     setenv("LC_ALL", "C", 1);                  // a system of UTF-8
     const ThreadCodePage latin("ISO-8859-1");  // which the thread's code page is not
     PTConverter converter = MakeConverter("[1,2]");
