@@ -24,12 +24,7 @@ XmlElement Device() {
     return Platform::ReadXml(Platform::WriteXml(DescribeDevice()), error).value();
 }
 
-std::string Attribute(const XmlElement& element, std::string_view name) {
-    for (const auto& [attribute, value] : element.Attributes)
-        if (attribute.Local == name) return value;
-    return "";
-}
-std::string NameOf(const XmlElement& element) { return Attribute(element, "name"); }
+std::string NameOf(const XmlElement& element) { return AttributeOf(element, "name"); }
 std::string Local(const std::string& name) { return name.substr(name.find(':') + 1); }
 
 // The properties of an option or a parameter: their names with type and value, or the parameter meant.
@@ -37,7 +32,7 @@ std::string PropertiesOf(const XmlElement& element) {
     std::ostringstream out;
     for (const XmlElement& property : element.Children) {
         const XmlElement& value = property.Children.at(0);
-        out << Local(NameOf(property)) << " " << Local(Attribute(value, "type")) << " " << value.Text
+        out << Local(NameOf(property)) << " " << Local(AttributeOf(value, "type")) << " " << value.Text
             << NameOf(value) << "; ";
     }
     return out.str();
@@ -82,8 +77,8 @@ void ExpectRules(const XmlElement& root, const XmlElement& element) {
     EXPECT_TRUE(element.Name.Namespace == FrameworkNamespace && attributes == rule->Attributes);
     EXPECT_TRUE(!attributes.contains("name") || IsBoundName(root, NameOf(element)));
     EXPECT_TRUE(element.Children.size() >= rule->Least && element.Children.size() <= rule->Most);
-    EXPECT_TRUE(rule->Element != "Option" || Attribute(element, "constrained") == "psk:None");
-    EXPECT_TRUE(rule->Element != "Value" || IsRightValue(root, Attribute(element, "type"), element.Text));
+    EXPECT_TRUE(rule->Element != "Option" || AttributeOf(element, "constrained") == "psk:None");
+    EXPECT_TRUE(rule->Element != "Value" || IsRightValue(root, AttributeOf(element, "type"), element.Text));
     EXPECT_TRUE(rule->Element != "ParameterRef" ||
                 std::ranges::count(root.Children, NameOf(element), NameOf) == 1);
     for (const XmlElement& child : element.Children) {
@@ -95,7 +90,7 @@ void ExpectRules(const XmlElement& root, const XmlElement& element) {
 
 TEST(Capabilities, HoldEachFeatureAndParameterByTheRulesOfTheSchema) {
     const XmlElement device = Device();
-    EXPECT_EQ(device.Name.Local + Attribute(device, "version"), "PrintCapabilities1");
+    EXPECT_EQ(device.Name.Local + AttributeOf(device, "version"), "PrintCapabilities1");
     ExpectRules(device, device);
     const Json::Value cases = Module::ReadCases("host/capabilities.json");
     ASSERT_EQ(device.Children.size(), cases.size());

@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 #include <json/reader.h>
 
-#include <fstream>
 #include <sstream>
 #include <stdexcept>
 
@@ -12,16 +11,8 @@
 namespace DeviceSpecificModule {
 namespace {
 
-std::string ReadFile(const std::string& path) {
-    std::ifstream file(path, std::ios::binary);
-    std::ostringstream text;
-    text << file.rdbuf();
-    if (!file) throw std::runtime_error("can't read " + path);
-    return text.str();
-}
-
 Json::Value ReadManifest() {
-    std::istringstream text(ReadFile(SAMPLES_DIR "/all-settings.json"));
+    std::istringstream text(FileText(SAMPLES_DIR "/all-settings.json"));
     Json::Value manifest;
     text >> manifest;
     return manifest;
@@ -64,7 +55,7 @@ std::vector<SampleCall> SampleCalls() {
     const Json::Value manifest = ReadManifest();
     for (const Json::Value& call : manifest["calls"]) {
         const std::string name = call["ticket"].asString();
-        calls.push_back({call["level"].asInt(), name, ReadFile(SAMPLES_DIR "/" + name)});
+        calls.push_back({call["level"].asInt(), name, FileText(SAMPLES_DIR "/" + name)});
     }
     return calls;
 }

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <filesystem>
-#include <fstream>
 #include <iterator>
 #include <ostream>
 #include <string>
@@ -42,10 +41,9 @@ TEST_P(FuzzSeeds, KeepTheContract) {
         files.insert(files.end(), samples.begin(), samples.end());
     }
     for (const fs::path& file : files) {
-        std::ifstream stream(file, std::ios::binary);
-        const std::string input(std::istreambuf_iterator<char>(stream), {});
-        ASSERT_TRUE(stream) << file;
         SCOPED_TRACE(file);
+        const std::string input = DeviceSpecificModule::FileText(file);
+        ASSERT_EQ(input.size(), fs::file_size(file));
         EXPECT_NO_THROW(target.Run(input));
     }
 }

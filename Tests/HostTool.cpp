@@ -8,7 +8,8 @@
 #include <cstdlib>
 #include <cstring>
 #include <fstream>
-#include <sstream>
+
+#include "Cases.h"
 
 namespace TicketHost {
 namespace fs = std::filesystem;
@@ -27,6 +28,12 @@ HostTool::HostTool() : folder_(testing::TempDir() + "tickethost-" + std::to_stri
     fs::create_directories(folder_);
 }
 
+std::string AttributeOf(const Platform::XmlElement& element, std::string_view name) {
+    for (const auto& attribute : element.Attributes)
+        if (attribute.Name.Local == name) return attribute.Value;
+    return "";
+}
+
 HostTool::~HostTool() { fs::remove_all(folder_); }
 
 void HostTool::Write(const std::string& name, const std::string& bytes) {
@@ -34,11 +41,8 @@ void HostTool::Write(const std::string& name, const std::string& bytes) {
 }
 
 std::string HostTool::Read(const std::string& name) const {
-    std::ifstream file(folder_ / name, std::ios::binary);
-    EXPECT_TRUE(file) << name;
-    std::ostringstream bytes;
-    bytes << file.rdbuf();
-    return bytes.str();
+    EXPECT_TRUE(fs::is_regular_file(folder_ / name)) << name;
+    return DeviceSpecificModule::FileText(folder_ / name);
 }
 
 HostTool::Outcome HostTool::RunShell(const std::string& line, const std::string& output) {

@@ -5,6 +5,10 @@
 #include <filesystem>
 #include <map>
 #include <string>
+#include <string_view>
+
+#include "Host/ground/Platform.h"
+#include "Platform/XmlElement.h"
 
 namespace TicketHost {
 
@@ -16,6 +20,9 @@ inline constexpr bool isSanitized = false;
 
 // Why there is no terminal for a test to have for itself; empty where there is.
 std::string WhyNoTerminal();
+
+// An attribute's value by its local name; empty without one.
+std::string AttributeOf(const Platform::XmlElement& element, std::string_view name);
 
 // Runs of the tool in a folder of their own, which is gone at the end.
 class HostTool : public testing::Test {

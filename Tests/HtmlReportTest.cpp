@@ -24,12 +24,6 @@ void Walk(const XmlElement& element, const std::function<void(const XmlElement&)
     for (const XmlElement& child : element.Children) Walk(child, visit);
 }
 
-std::string AttributeOf(const XmlElement& element, std::string_view name) {
-    for (const auto& attribute : element.Attributes)
-        if (attribute.Name.Local == name) return attribute.Value;
-    return "";
-}
-
 // The page as XML, which a browser's parser forgives much that this one doesn't.
 XmlElement ReadPage(const std::string& page) {
     constexpr std::string_view documentType = "<!DOCTYPE html>";

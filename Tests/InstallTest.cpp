@@ -117,7 +117,7 @@ TEST_F(Descriptions, ReadmeNamesEachVerb) {
 
 TEST_F(Descriptions, ManPageSaysWhatTheToolHas) {
     SCOPED_TRACE("Packaging/tickethost.1 against what the tool's help says");
-    const std::string source = Module::OutputOf("cat '" PACKAGING_DIR "/tickethost.1'");
+    const std::string source = Module::FileText(PACKAGING_DIR "/tickethost.1");
     const std::string page = Module::ReplaceMatches(source, R"(\\-)", "-") + ".SH";
     const std::string verbs = Between(page, "\n.SH VERBS", "\n.SH") + "\n.SS ";
     const char* const anyOption = "(--[a-z][a-z-]*)";

@@ -1,9 +1,6 @@
 #include <gtest/gtest.h>
 #include <malloc.h>
 
-#include <fstream>
-#include <sstream>
-
 #include "Support.h"
 
 // The leak checker of the sanitizers says where; this says whether, in every run of the tests.
@@ -11,15 +8,8 @@
 namespace DeviceSpecificModule {
 namespace {
 
-std::string SampleText() {
-    std::ifstream file(SAMPLES_DIR "/tickets/all-settings.xml");
-    std::stringstream text;
-    text << file.rdbuf();
-    return text.str();
-}
-
 TEST(Leaks, AreNoneWhateverALevelDoesToATicket) {
-    const std::string sample = SampleText();
+    const std::string sample = FileText(SAMPLES_DIR "/tickets/all-settings.xml");
     const auto convert = [&sample] {
         TestHost host({{u"EncryptionID", Wide("[1,2]")}});
         for (std::int32_t level : {JobLevel, DocumentLevel, PageLevel}) host.Run(level, MakeDocument(sample));

@@ -6,8 +6,6 @@
 #include <termios.h>
 #include <unistd.h>
 
-#include <cstdio>
-
 #include "HostTool.h"
 #include "Support.h"
 
@@ -19,15 +17,11 @@ int EndOf(int status) { return WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMS
 
 TEST(PassphraseVerb, WrapsAndChecksWhatComesIn) {
     for (const Json::Value& row : ReadCases("secrets/passphrases.json")) {
+        int status = -1;
         const std::string command =
             "(" + row[0].asString() + ") | '" TICKETHOST "' passphrase " + row[1].asString() + " 2>&1";
-        std::FILE* pipe = popen(command.c_str(), "r");
-        ASSERT_NE(pipe, nullptr);
-        std::string output;
-        for (int byte = std::fgetc(pipe); byte != EOF; byte = std::fgetc(pipe))
-            output += static_cast<char>(byte);
-        EXPECT_EQ(EndOf(pclose(pipe)), row[2].asInt()) << row;
-        EXPECT_EQ(output, row[3].asString()) << row;
+        EXPECT_EQ(OutputOf(command, &status), row[3].asString()) << row;
+        EXPECT_EQ(status, row[2].asInt()) << row;
     }
 }
 

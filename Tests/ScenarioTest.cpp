@@ -1,8 +1,6 @@
 #include <gtest/gtest.h>
 #include <json/json.h>
-#include <stdio.h>
 #include <stdlib.h>
-#include <sys/wait.h>
 
 #include <filesystem>
 #include <fstream>
@@ -17,18 +15,8 @@ namespace {
 
 namespace fs = std::filesystem;
 using DeviceSpecificModule::FileText;
+using DeviceSpecificModule::OutputOf;
 using DeviceSpecificModule::SteadyPjl;
-
-std::string RunCommand(const std::string& command, int& status) {
-    FILE* output = popen(command.c_str(), "r");
-    if (output == nullptr) throw std::runtime_error("can't run " + command);
-    std::string text;
-    char piece[4096];
-    for (std::size_t length; (length = fread(piece, 1, sizeof piece, output)) > 0;)
-        text.append(piece, length);
-    status = WEXITSTATUS(pclose(output));
-    return text;
-}
 
 Json::Value ParseJson(const std::string& name, const std::string& text) {
     Json::Value value;
@@ -55,9 +43,9 @@ std::string WriteJson(const Json::Value& value) {
 // What the tool makes of a scenario. Its exit status must fit its result.
 Json::Value Convert(const fs::path& folder) {
     int status = -1;
-    const std::string output = RunCommand(
+    const std::string output = OutputOf(
         "'" TICKETHOST "' convert --format json --keep-going '" + (folder / "manifest.json").string() + "'",
-        status);
+        &status);
     Json::Value result = ParseJson("tickethost on " + folder.string(), output);
     bool threw = false;
     for (Json::Value& call : result["calls"]) {
@@ -74,7 +62,7 @@ std::string Difference(const fs::path& expected, const std::string& actual) {
     std::ofstream(file) << actual;
     int status = 0;
     const std::string difference =
-        RunCommand("diff -u '" + expected.string() + "' '" + file.string() + "'", status);
+        OutputOf("diff -u '" + expected.string() + "' '" + file.string() + "'", &status);
     fs::remove(file);
     return difference;
 }
@@ -106,7 +94,7 @@ TEST(Samples, Convert) {
         if (entry.path().extension() != ".json") continue;
         int status = -1;
         const std::string output =
-            RunCommand("'" TICKETHOST "' convert --format json '" + entry.path().string() + "'", status);
+            OutputOf("'" TICKETHOST "' convert --format json '" + entry.path().string() + "'", &status);
         EXPECT_EQ(status, 0) << entry.path();
         for (const Json::Value& call : ParseJson(entry.path(), output)["calls"])
             EXPECT_EQ(call["status"], 1) << entry.path();
@@ -120,7 +108,7 @@ TEST(Samples, ShowEveryLineOfTheHeader) {
     int status = -1;
     const Json::Value result = ParseJson(
         "whole-job.json",
-        RunCommand("'" TICKETHOST "' convert --format json '" SAMPLES_DIR "/whole-job.json'", status));
+        OutputOf("'" TICKETHOST "' convert --format json '" SAMPLES_DIR "/whole-job.json'", &status));
     EXPECT_EQ(
         SteadyPjl(result["calls"][0]["properties"]["PJL"].asString()),
         "\x1B%-12345X@PJL\r\n@PJL COMMENT\r\n@PJL SET LOGINUSER = \"\"\r\n@PJL SET USERNAME = \"\"\r\n"

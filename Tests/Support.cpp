@@ -1,6 +1,7 @@
 #include "Support.h"
 
 #include <gtest/gtest.h>
+#include <sys/wait.h>
 
 #include <algorithm>
 #include <cstdio>
@@ -113,12 +114,14 @@ const std::vector<std::string>& AllTables() {
 }
 }  // namespace
 
-std::string OutputOf(const std::string& command) {
+std::string OutputOf(const std::string& command, int* status) {
     std::FILE* pipe = popen(("export LC_ALL=C; " + command).c_str(), "r");
     std::string output;
     for (int byte = 0; pipe != nullptr && (byte = std::fgetc(pipe)) != EOF;)
         output += static_cast<char>(byte);
-    EXPECT_TRUE(pipe != nullptr && pclose(pipe) == 0) << command;
+    const int ended = pipe == nullptr ? -1 : pclose(pipe);
+    if (status != nullptr) *status = WEXITSTATUS(ended);
+    EXPECT_TRUE(pipe != nullptr && (ended == 0 || status != nullptr)) << command;
     return output;
 }
 

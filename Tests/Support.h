@@ -34,8 +34,9 @@ SharedJson MakeSettings(const std::string& json);
 // has the form that it must have.
 std::string SteadyPjl(const std::string& pjl);
 
-// What a shell's command prints, in no language; the test fails when the command does.
-std::string OutputOf(const std::string& command);
+// What a shell's command prints, in no language. The test fails when the command does, unless its exit status
+// is asked for.
+std::string OutputOf(const std::string& command, int* status = nullptr);
 
 // A host of the module in memory.
 class TestHost {

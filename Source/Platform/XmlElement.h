@@ -18,6 +18,10 @@ struct XmlName {
     std::string Prefix, Local, Namespace;
 };
 
+inline std::string NameAsWritten(const XmlName& name) {
+    return name.Prefix.empty() ? name.Local : name.Prefix + ":" + name.Local;
+}
+
 struct XmlAttribute {
     XmlName Name;
     std::string Value;

@@ -143,7 +143,10 @@ bool HasControls(std::string_view text) {
 std::string HarmInHeader(std::string_view name) {
     const std::u16string units = UnitsOf(name);
     if (DeviceSpecificModule::IsCleanForPjl(units)) return "";
-    const bool endsText = HasControls(name) || name.find('"') != name.npos;
+    const auto isHarmful = [](char16_t unit) {
+        return DeviceSpecificModule::CleanUnitForPjl(unit, 0) != unit;
+    };
+    const bool endsText = std::ranges::any_of(units, isHarmful);
     return std::string("goes into the header as it is, where ") +
            (endsText ? "it ends a line or a quoted text" : "its %s is filled with another name");
 }

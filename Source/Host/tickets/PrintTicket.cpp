@@ -44,10 +44,6 @@ std::string NameAttribute(const XmlElement& element) {
     return "";
 }
 
-std::string NameAsWritten(const Platform::XmlName& name) {
-    return name.Prefix.empty() ? name.Local : name.Prefix + ":" + name.Local;
-}
-
 std::string UriOf(const Scope& scope, std::string_view prefix) {
     const auto found =
         std::ranges::find(scope.rbegin(), scope.rend(), prefix, &Platform::XmlNamespace::Prefix);
@@ -111,7 +107,7 @@ TicketItem ItemOf(const XmlElement& element, std::string path, Scope& scope) {
     item.Line = element.Line;
     scope.insert(scope.end(), element.Namespaces.begin(), element.Namespaces.end());
     if (item.Kind == ItemKind::Other) {
-        item.Name = NameAsWritten(element.Name);
+        item.Name = Platform::NameAsWritten(element.Name);
         item.Local = element.Name.Local;
         item.Space = element.Name.Namespace;
         item.Value = element.Text;

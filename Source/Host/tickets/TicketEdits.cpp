@@ -98,10 +98,6 @@ bool PutSeries(IXMLDOMDocument2& ticket, const XmlElement& root, const SettingsS
     return done && (fragments.empty() || Append(ticket, root, fragments));
 }
 
-std::string AsWritten(const Platform::XmlName& name) {
-    return Escaped(name.Prefix.empty() ? name.Local : name.Prefix + ":" + name.Local);
-}
-
 }  // namespace
 
 // Of several the last one.
@@ -126,8 +122,10 @@ bool AppendFeature(IXMLDOMDocument2& ticket, const XmlElement& root, const Platf
     std::string text = "<psf:Feature";
     for (const auto& [prefix, space] : declared)
         text.append(" xmlns:").append(prefix).append("=\"").append(Escaped(space)).append("\"");
-    text.append(" name=\"").append(AsWritten(feature));
-    text.append("\"><psf:Option name=\"").append(AsWritten(option)).append("\"/></psf:Feature>");
+    text.append(" name=\"").append(Escaped(Platform::NameAsWritten(feature)));
+    text.append("\"><psf:Option name=\"")
+        .append(Escaped(Platform::NameAsWritten(option)))
+        .append("\"/></psf:Feature>");
     return Append(ticket, root, text);
 }
 

@@ -52,10 +52,6 @@ std::optional<XmlElement> Read(std::string_view bytes, Encoding encoding, ParseE
     return ElementOf(xmlDocGetRootElement(tree->Document));
 }
 
-std::string AsWritten(const XmlName& name) {
-    return name.Prefix.empty() ? name.Local : name.Prefix + ":" + name.Local;
-}
-
 // What the library made; what it could not make it had no memory for.
 template <typename Item>
 Item* Made(Item* item) {
@@ -70,11 +66,11 @@ void AddAttribute(xmlNode* node, const std::string& name, const std::string& val
 // Adds an element to a document or an element. The tree is for writing alone, so each name in it is whole.
 void Add(xmlNode* parent, const XmlElement& element) {
     xmlNode* const node =
-        Made(xmlNewDocNode(parent->doc, nullptr, XmlChars(AsWritten(element.Name)), nullptr));
+        Made(xmlNewDocNode(parent->doc, nullptr, XmlChars(NameAsWritten(element.Name)), nullptr));
     xmlAddChild(parent, node);
     for (const auto& [prefix, uri] : element.Namespaces)
         AddAttribute(node, prefix.empty() ? "xmlns" : "xmlns:" + prefix, uri);
-    for (const auto& [name, value] : element.Attributes) AddAttribute(node, AsWritten(name), value);
+    for (const auto& [name, value] : element.Attributes) AddAttribute(node, NameAsWritten(name), value);
     if (!element.Text.empty()) xmlAddChild(node, Made(xmlNewDocText(parent->doc, XmlChars(element.Text))));
     for (const XmlElement& child : element.Children) Add(node, child);
 }
