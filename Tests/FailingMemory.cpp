@@ -12,12 +12,6 @@
 #include <new>
 #include <string_view>
 
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-#define REPLACES_MALLOC 0
-#else
-#define REPLACES_MALLOC 1
-#endif
-
 namespace DeviceSpecificModule {
 namespace {
 
@@ -55,9 +49,9 @@ std::string FindCaller() {
     const std::string program = LibraryOf(reinterpret_cast<void*>(&LibraryOf));
     for (int frame = 0; frame < frameCount; ++frame) {
         const std::string library = LibraryOf(frames[frame]);
-        const bool isPassedOver = std::ranges::any_of(
-            std::array{"libc.so", "libstdc++.so", "libasan.so", "libtsan.so", "libubsan.so"},
-            [&](const char* name) { return library.starts_with(name); });
+        const bool isPassedOver =
+            std::ranges::any_of(std::array{"libc.so", "libstdc++.so", "libtsan.so"},
+                                [&](const char* name) { return library.starts_with(name); });
         if (!isPassedOver && library != program) return library;
     }
     return "";
@@ -94,7 +88,7 @@ using DeviceSpecificModule::Allocator;
 using DeviceSpecificModule::Fails;
 using DeviceSpecificModule::live;
 
-#if REPLACES_MALLOC
+#if !SANITIZED
 
 #define EXPORTED extern "C" __attribute__((visibility("default")))
 

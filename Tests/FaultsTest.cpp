@@ -21,13 +21,8 @@
 namespace DeviceSpecificModule {
 namespace {
 
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-constexpr long stride = 17, usualColdStride = 197;
-constexpr bool countsBlocks = false;  // the sanitizer does
-#else
-constexpr long stride = 1, usualColdStride = 13;
-constexpr bool countsBlocks = true;
-#endif
+constexpr long stride = SANITIZED ? 17 : 1, usualColdStride = SANITIZED ? 197 : 13;
+constexpr bool countsBlocks = !SANITIZED;  // a sanitizer does
 
 // How a call with a failed allocation ends.
 enum Ending {

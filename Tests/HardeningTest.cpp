@@ -70,7 +70,7 @@ TEST(Hardening, ExportedFunctionsAreMarkedAsTargets) {
 // The C library's checks of sizes that the compiler knows need an optimised build and don't go with
 // sanitizers.
 TEST(Hardening, CallsOfTheLibraryAreChecked) {
-#if !defined(__OPTIMIZE__) || defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+#if !defined(__OPTIMIZE__) || SANITIZED
     GTEST_SKIP() << "only in optimised builds without a sanitizer";
 #elif !defined(_FORTIFY_SOURCE)
     FAIL() << "no _FORTIFY_SOURCE";

@@ -164,7 +164,7 @@ TEST_F(HostFiles, OnlyRegularFilesOfSensibleSizeAreRead) {
     Write("large.xml", "");
     fs::resize_file(folder_ / "large.xml", (std::uintmax_t{1} << 30) + 1);
     Write("pipe.json", R"({"calls":[{"level":0,"ticket":"pipe.xml"}]})");
-    const std::string limit = isSanitized ? "" : "ulimit -v 500000; ";  // KiB, half of what is too large
+    const std::string limit = SANITIZED ? "" : "ulimit -v 500000; ";  // KiB, half of what is too large
     const char* const inputs[][2] = {
         {"convert pipe.xml", "pipe.xml: not a regular file\n"},
         {"convert pipe.json", "pipe.xml: not a regular file\n"},

@@ -46,9 +46,9 @@ std::string HostTool::Read(const std::string& name) const {
 }
 
 HostTool::Outcome HostTool::RunShell(const std::string& line, const std::string& output) {
-    Write("line", (isSanitized ? "ulimit -t 100\n" : "ulimit -t 10\n") + line);
+    Write("line", (SANITIZED ? "ulimit -t 100\n" : "ulimit -t 10\n") + line);
     const std::string command = "cd '" + folder_.string() + "' && TOOL='" TICKETHOST "' timeout " +
-                                (isSanitized ? "300" : "60") + " sh ./line >" + output + " 2>errors";
+                                (SANITIZED ? "300" : "60") + " sh ./line >" + output + " 2>errors";
     const int status = std::system(command.c_str());
     return {WEXITSTATUS(status), output == "output" ? Read(output) : "", Read("errors")};
 }

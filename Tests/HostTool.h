@@ -12,12 +12,6 @@
 
 namespace TicketHost {
 
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-inline constexpr bool isSanitized = true;  // the program then holds terabytes of addresses
-#else
-inline constexpr bool isSanitized = false;
-#endif
-
 // Why there is no terminal for a test to have for itself; empty where there is.
 std::string WhyNoTerminal();
 

@@ -55,11 +55,7 @@ public:
         : call_(call), before_(before), failure_(failure), usesGeneralForms_(general) {}
 
     Counts Run() {
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-        constexpr long stride = 7;
-#else
-        constexpr long stride = 1;
-#endif
+        constexpr long stride = SANITIZED ? 7 : 1;
         for (long number = 0; !::testing::Test::HasFailure() && TryOne(number); number += stride) {
         }
         return counts_;

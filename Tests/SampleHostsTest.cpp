@@ -11,7 +11,7 @@ using Files = std::map<std::string, std::string>;
 class SampleHosts : public HostTool {
 protected:
     SampleHosts() {
-        if (!isSanitized)  // a program that is none can't load such libraries
+        if (!SANITIZED)  // a program that is none can't load such libraries
             hosts_["python"] = "DEVICESPECIFIC_LIBRARY='" C_INTERFACE_FILE "' '" SAMPLE_HOST_PYTHON "'";
     }
 

@@ -31,7 +31,9 @@ struct Secret {
     std::size_t Number;  // which one
 
     static constexpr std::size_t Length = 40;
-    char operator[](std::size_t place) const { return static_cast<char>(33 + place * (31 + Number) % 89); }
+    unsigned char operator[](std::size_t place) const {
+        return static_cast<unsigned char>(33 + place * (31 + Number) % 89);
+    }
 };
 
 // A text whose units the test wipes, those of its counted buffer included.
@@ -52,13 +54,12 @@ struct WipedWide {
 class PieceFinder {
 public:
     explicit PieceFinder(Secret secret) {
-        for (std::size_t place = 0; place < Secret::Length; ++place)
-            places_[static_cast<unsigned char>(secret[place])] = place + 1;
+        for (std::size_t place = 0; place < Secret::Length; ++place) places_[secret[place]] = place + 1;
     }
     void See(std::size_t address, unsigned char byte) {
         const std::size_t place = places_[byte];
         if (place == 0) return;
-        for (std::size_t width : {0, 1, 2}) {
+        for (std::size_t width = 0; width < 3; ++width) {
             const Piece& before = pieces_[width][place - 1];
             Piece& piece = pieces_[width][place];
             piece = {address, before.End + (std::size_t{1} << width) == address ? before.Length + 1 : 1};
@@ -90,8 +91,10 @@ int LongestPieceInMemory(Secret secret) {
         if (!access.starts_with("rw") || end - at > largestMapping) continue;
         for (; at < end; at += room.size()) {
             memory.clear();
-            memory.seekg(static_cast<std::streamoff>(at)).read(room.data(), std::min(room.size(), end - at));
-            for (std::streamsize byte = 0; byte < memory.gcount(); ++byte)
+            memory.seekg(static_cast<std::streamoff>(at))
+                .read(room.data(), static_cast<std::streamsize>(std::min(room.size(), end - at)));
+            const auto count = static_cast<std::size_t>(memory.gcount());
+            for (std::size_t byte = 0; byte < count; ++byte)
                 finder.See(at + byte, static_cast<unsigned char>(room[byte]));
         }
     }
@@ -162,7 +165,8 @@ void ConvertToOtherPage(Secret secret) {
 
 void UsePassphrase(Secret secret) {
     Wiped<std::array<char, LongestPassphrase>> passphrase;
-    for (std::size_t place = 0; place < LongestPassphrase; ++place) passphrase.Value[place] = secret[place];
+    for (std::size_t place = 0; place < LongestPassphrase; ++place)
+        passphrase.Value[place] = static_cast<char>(secret[place]);
     const std::string stored = WrapPassphrase({passphrase.Value.data(), LongestPassphrase});
     Platform::PrinterProperties queue = {{u"encryptionPassphrase_Flag", 1}};
     queue[u"encryptionPassphrase"] = WideText(std::u16string(stored.begin(), stored.end()));
@@ -178,11 +182,11 @@ void LeaveOnTheStack(Secret secret) {
 
 void LeaveInFreedMemory(Secret secret) {
     std::string letters;
-    for (std::size_t place = 0; place < Secret::Length; ++place) letters += secret[place];
+    for (std::size_t place = 0; place < Secret::Length; ++place) letters += static_cast<char>(secret[place]);
 }
 
 TEST(SecretMemory, HoldsNothingOfASecretAfterTheCall) {
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+#if SANITIZED
     GTEST_SKIP() << "sanitizers keep copies of what the program holds, in terabytes of memory";
 #endif
     setenv("LC_ALL", "C", 1);          // a system of UTF-8

@@ -14,11 +14,7 @@
 namespace DeviceSpecificModule {
 namespace {
 
-#if defined(__SANITIZE_THREAD__)
-constexpr int conversionsInAll = 4000;
-#else
 constexpr int conversionsInAll = 20000;
-#endif
 constexpr int threadCount = 8;
 
 const std::vector<std::string> tableNames(TicketHost::OptionTableNames.begin(),

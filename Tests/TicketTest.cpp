@@ -42,7 +42,7 @@ TEST(TicketQueries, ReadByLocalNameAndNamespace) {
 // that is found.
 TEST(TicketQueries, LetOneOfSeveralPrefixesCount) {
     const std::string bound = "='" KEYWORDS_NAMESPACE "' ";
-    const auto found = [&bound](const std::string& root, const std::string& inner) {
+    const auto found = [](const std::string& root, const std::string& inner) {
         std::string features;
         for (const char* prefix : {"first", "second"})
             features += "<psf:Feature " + inner + " name='" + prefix + ":F'><psf:Option name='" + prefix +

@@ -34,32 +34,34 @@ std::string Utf8(std::u16string_view text) { return DeviceSpecificModule::Narrow
 }  // namespace
 
 // The linker sends what the module calls through these (--wrap), and what shared objects do, which must see
-// them.
+// them. It knows functions by their mangled names.
+#define LOOKUP                                                                                          \
+    "_ZN20DeviceSpecificModule20LookupCustomPropertyERKSt10shared_ptrIKN4Json5ValueEESt17basic_string_" \
+    "viewIDsSt11char_traitsIDsEE"
+#define FIND_CONSTANT "_ZNK4Json5ValueixEPKc"
+#define FIND "_ZN4Json5ValueixEPKc"
 #pragma GCC visibility push(default)
-extern "C" {
-#define LOOKUP(prefix) \
-    prefix##_ZN20DeviceSpecificModule20LookupCustomPropertyERKSt10shared_ptrIKN4Json5ValueEESt17basic_string_viewIDsSt11char_traitsIDsEE
-#define FIND_CONSTANT(prefix) prefix##_ZNK4Json5ValueixEPKc
-#define FIND(prefix) prefix##_ZN4Json5ValueixEPKc
 
-Platform::WideText LOOKUP(__real_)(const DeviceSpecificModule::SharedJson&, std::u16string_view);
-Platform::WideText LOOKUP(__wrap_)(const DeviceSpecificModule::SharedJson& settings,
-                                   std::u16string_view name) {
+Platform::WideText Lookup(const DeviceSpecificModule::SharedJson&, std::u16string_view) asm("__real_" LOOKUP);
+Platform::WideText WatchedLookup(const DeviceSpecificModule::SharedJson&,
+                                 std::u16string_view) asm("__wrap_" LOOKUP);
+Platform::WideText WatchedLookup(const DeviceSpecificModule::SharedJson& settings, std::u16string_view name) {
     if (asked != nullptr) asked->Settings.insert(Utf8(name));
-    return LOOKUP(__real_)(settings, name);
+    return Lookup(settings, name);
 }
 
-const Json::Value& FIND_CONSTANT(__real_)(const Json::Value*, const char*);
-const Json::Value& FIND_CONSTANT(__wrap_)(const Json::Value* value, const char* key) {
+const Json::Value& FindConstant(const Json::Value*, const char*) asm("__real_" FIND_CONSTANT);
+const Json::Value& WatchedFindConstant(const Json::Value*, const char*) asm("__wrap_" FIND_CONSTANT);
+const Json::Value& WatchedFindConstant(const Json::Value* value, const char* key) {
     if (asked != nullptr) asked->PerPage.insert(key);
-    return FIND_CONSTANT(__real_)(value, key);
+    return FindConstant(value, key);
 }
 
-Json::Value& FIND(__real_)(Json::Value*, const char*);
-Json::Value& FIND(__wrap_)(Json::Value* value, const char* key) {
+Json::Value& Find(Json::Value*, const char*) asm("__real_" FIND);
+Json::Value& WatchedFind(Json::Value*, const char*) asm("__wrap_" FIND);
+Json::Value& WatchedFind(Json::Value* value, const char* key) {
     if (asked != nullptr) asked->PerPage.insert(key);
-    return FIND(__real_)(value, key);
-}
+    return Find(value, key);
 }
 #pragma GCC visibility pop
 

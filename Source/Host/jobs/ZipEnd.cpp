@@ -29,9 +29,9 @@ std::string ReadAt(zip_source* source, std::uint64_t offset, std::size_t count) 
 }
 
 // A number with its lowest byte first.
-std::uint64_t NumberAt(std::string_view bytes, std::size_t at, int count) {
+std::uint64_t NumberAt(std::string_view bytes, std::size_t at, unsigned count) {
     std::uint64_t number = 0;
-    for (int each = 0; each < count; ++each)
+    for (unsigned each = 0; each < count; ++each)
         number |= std::uint64_t{static_cast<unsigned char>(bytes[at + each])} << (8 * each);
     return number;
 }

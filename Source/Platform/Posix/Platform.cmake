@@ -44,9 +44,13 @@ if(allFlags MATCHES "-O[1-3gsf]" AND NOT allFlags MATCHES "-fsanitize")
     add_compile_options(-U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2)
 endif()
 
-# Lets a library export what the list names, no more. What nothing defines fails here and not at load time.
+# Lets a library export what the list names, no more. What nothing defines fails here and not at load time, but what
+# sanitizers and fuzzers bring, which clang puts into executables alone.
 function(set_exports library list)
-    target_link_options(${library} PRIVATE -Wl,--version-script=${list} -Wl,-z,defs)
+    target_link_options(${library} PRIVATE -Wl,--version-script=${list})
+    if(NOT BUILD_FUZZERS AND NOT CMAKE_CXX_FLAGS MATCHES "-fsanitize")
+        target_link_options(${library} PRIVATE -Wl,-z,defs)
+    endif()
     set_target_properties(${library} PROPERTIES LINK_DEPENDS ${list})
 endfunction()
 
