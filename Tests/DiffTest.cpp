@@ -1,8 +1,6 @@
 #include <gtest/gtest.h>
 #include <json/writer.h>
 
-#include <CLI/Config.hpp>
-#include <CLI/Formatter.hpp>
 #include <algorithm>
 #include <random>
 #include <span>
@@ -12,7 +10,6 @@
 #include "Host/ground/Json.h"
 #include "Host/ground/Texts.h"
 #include "Host/jobs/JobRunner.h"
-#include "Host/verbs/JobOptions.h"
 #include "HostTool.h"
 #include "Platform/Clock.h"
 #include "Support.h"
@@ -84,14 +81,8 @@ TEST(Diff, JobsDifferByWhatTheirCallsDo) {
             job.Calls.push_back(
                 {call[0].asInt(), std::make_shared<const Ticket>(Ticket{name, document->xml()})});
         }
-        CLI::App app;
-        JobOptions options;
-        AddJobChanges(app, options);
-        std::vector<std::string> words;
-        for (const Json::Value& word : each[0]) words.insert(words.begin(), word.asString());
-        app.parse(words);
         Job other = job;
-        ApplyJobOptions(options, other);
+        ApplyArguments(each[0], other);
 
         std::ostringstream out;
         DifferenceText text(out, false);

@@ -4,12 +4,15 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <CLI/Config.hpp>
+#include <CLI/Formatter.hpp>
 #include <cerrno>
 #include <cstdlib>
 #include <cstring>
 #include <fstream>
 
 #include "Cases.h"
+#include "Host/verbs/JobOptions.h"
 
 namespace TicketHost {
 namespace fs = std::filesystem;
@@ -26,6 +29,16 @@ std::string WhyNoTerminal() {
 
 HostTool::HostTool() : folder_(testing::TempDir() + "tickethost-" + std::to_string(getpid())) {
     fs::create_directories(folder_);
+}
+
+void ApplyArguments(const Json::Value& words, Job& job) {
+    CLI::App app;
+    JobOptions options;
+    AddJobChanges(app, options);
+    std::vector<std::string> backwards;
+    for (const Json::Value& word : words) backwards.insert(backwards.begin(), word.asString());
+    app.parse(backwards);
+    ApplyJobOptions(options, job);
 }
 
 std::string AttributeOf(const Platform::XmlElement& element, std::string_view name) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <gtest/gtest.h>
+#include <json/forwards.h>
 
 #include <filesystem>
 #include <map>
@@ -14,6 +15,11 @@ namespace TicketHost {
 
 // Why there is no terminal for a test to have for itself; empty where there is.
 std::string WhyNoTerminal();
+
+struct Job;
+
+// Makes a job what a verb's arguments say of it. Throws InputError.
+void ApplyArguments(const Json::Value& words, Job& job);
 
 // An attribute's value by its local name; empty without one.
 std::string AttributeOf(const Platform::XmlElement& element, std::string_view name);

@@ -1,13 +1,11 @@
 #include <gtest/gtest.h>
 #include <json/writer.h>
-#include <CLI/Config.hpp>
-#include <CLI/Formatter.hpp>
 
 #include "Host/ground/Errors.h"
 #include "Host/ground/Json.h"
 #include "Host/ground/Texts.h"
+#include "Host/jobs/Job.h"
 #include "Host/tickets/TicketChanges.h"
-#include "Host/verbs/WhatIfOptions.h"
 #include "HostTool.h"
 #include "Platform/PrintQueue.h"
 #include "Support.h"
@@ -33,16 +31,10 @@ Job JobOf(const Json::Value& tickets) {
     return job;
 }
 
-// What the job's options say of it. Empty, or the error.
+// Makes a job what arguments say of it. Empty, or the error.
 std::string Apply(const Json::Value& arguments, Job& job) {
-    CLI::App app;
-    WhatIfOptions options;
-    AddWhatIfOptions(app, options);
-    std::vector<std::string> words;
-    for (const Json::Value& each : arguments) words.insert(words.begin(), each.asString());
-    app.parse(words);
     try {
-        ApplyWhatIf(options, job);
+        ApplyArguments(arguments, job);
         return "";
     } catch (const InputError& error) {
         return error.what();
