@@ -9,7 +9,7 @@ CHECKOUT = Path(__file__).resolve().parent.parent
 
 
 def folder_of(file):
-    parts = Path(file["filename"]).relative_to(CHECKOUT).parts
+    parts = Path(file["filename"]).resolve().relative_to(CHECKOUT).parts
     return parts[1] if parts[0] == "Source" else None
 
 
