@@ -43,6 +43,7 @@ Json::Value ReadCases(const std::string& file) {
 
 std::string FileText(const std::string& path) {
     std::ifstream file(path, std::ios::binary);
+    if (!file) throw std::runtime_error("can't read " + path);
     return {std::istreambuf_iterator<char>(file), {}};
 }
 

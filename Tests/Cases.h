@@ -33,7 +33,7 @@ public:
 // The cases of a file below Tests/Data: a JSON list that is not empty.
 Json::Value ReadCases(const std::string& file);
 
-// The bytes of a file, none of one that isn't there.
+// The bytes of a file. Throws when it can't be read.
 std::string FileText(const std::string& path);
 
 // Whatever of a text matches a pattern, each with what its groups matched behind it. "^" and "$" match at a

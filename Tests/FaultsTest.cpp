@@ -259,7 +259,7 @@ void RunInProcess(const std::function<void()>& function) {
     }
     int status = -1;
     ASSERT_EQ(waitpid(child, &status, 0), child);
-    EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0) << "status " << status;
+    EXPECT_EQ(EndOf(status), 0);
 }
 
 // COLD_STRIDE=1 in the environment has every allocation fail in turn, which takes a process for each.

@@ -43,7 +43,6 @@ TEST_P(FuzzSeeds, KeepTheContract) {
     for (const fs::path& file : files) {
         SCOPED_TRACE(file);
         const std::string input = DeviceSpecificModule::FileText(file);
-        ASSERT_EQ(input.size(), fs::file_size(file));
         EXPECT_NO_THROW(target.Run(input));
     }
 }

@@ -1,7 +1,6 @@
 #include "HostTool.h"
 
 #include <pty.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 #include <CLI/Config.hpp>
@@ -13,6 +12,7 @@
 
 #include "Cases.h"
 #include "Host/verbs/JobOptions.h"
+#include "Support.h"
 
 namespace TicketHost {
 namespace fs = std::filesystem;
@@ -25,10 +25,6 @@ std::string WhyNoTerminal() {
     close(terminal);
     close(shell);
     return "";
-}
-
-HostTool::HostTool() : folder_(testing::TempDir() + "tickethost-" + std::to_string(getpid())) {
-    fs::create_directories(folder_);
 }
 
 void ApplyArguments(const Json::Value& words, Job& job) {
@@ -47,6 +43,10 @@ std::string AttributeOf(const Platform::XmlElement& element, std::string_view na
     return "";
 }
 
+HostTool::HostTool() : folder_(testing::TempDir() + "tickethost-" + std::to_string(getpid())) {
+    fs::create_directories(folder_);
+}
+
 HostTool::~HostTool() { fs::remove_all(folder_); }
 
 void HostTool::Write(const std::string& name, const std::string& bytes) {
@@ -54,7 +54,6 @@ void HostTool::Write(const std::string& name, const std::string& bytes) {
 }
 
 std::string HostTool::Read(const std::string& name) const {
-    EXPECT_TRUE(fs::is_regular_file(folder_ / name)) << name;
     return DeviceSpecificModule::FileText(folder_ / name);
 }
 
@@ -63,7 +62,7 @@ HostTool::Outcome HostTool::RunShell(const std::string& line, const std::string&
     const std::string command = "cd '" + folder_.string() + "' && TOOL='" TICKETHOST "' timeout " +
                                 (SANITIZED ? "300" : "60") + " sh ./line >" + output + " 2>errors";
     const int status = std::system(command.c_str());
-    return {WEXITSTATUS(status), output == "output" ? Read(output) : "", Read("errors")};
+    return {DeviceSpecificModule::EndOf(status), output == "output" ? Read(output) : "", Read("errors")};
 }
 
 HostTool::Outcome HostTool::Run(const std::string& arguments, const std::string& output) {

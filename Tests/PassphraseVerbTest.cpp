@@ -12,9 +12,6 @@
 namespace DeviceSpecificModule {
 namespace {
 
-// The exit status, or a signal's number below zero.
-int EndOf(int status) { return WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status); }
-
 TEST(PassphraseVerb, WrapsAndChecksWhatComesIn) {
     for (const Json::Value& row : ReadCases("secrets/passphrases.json")) {
         int status = -1;

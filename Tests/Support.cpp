@@ -114,14 +114,16 @@ const std::vector<std::string>& AllTables() {
 }
 }  // namespace
 
-std::string OutputOf(const std::string& command, int* status) {
+int EndOf(int status) { return WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status); }
+
+std::string OutputOf(const std::string& command, int* end) {
     std::FILE* pipe = popen(("export LC_ALL=C; " + command).c_str(), "r");
     std::string output;
     for (int byte = 0; pipe != nullptr && (byte = std::fgetc(pipe)) != EOF;)
         output += static_cast<char>(byte);
-    const int ended = pipe == nullptr ? -1 : pclose(pipe);
-    if (status != nullptr) *status = WEXITSTATUS(ended);
-    EXPECT_TRUE(pipe != nullptr && (ended == 0 || status != nullptr)) << command;
+    const int ended = pipe == nullptr ? -1 : EndOf(pclose(pipe));
+    if (end != nullptr) *end = ended;
+    EXPECT_TRUE(pipe != nullptr && (ended == 0 || end != nullptr)) << command;
     return output;
 }
 

@@ -34,9 +34,12 @@ SharedJson MakeSettings(const std::string& json);
 // has the form that it must have.
 std::string SteadyPjl(const std::string& pjl);
 
-// What a shell's command prints, in no language. The test fails when the command does, unless its exit status
-// is asked for.
-std::string OutputOf(const std::string& command, int* status = nullptr);
+// Of what a process returned at its end the exit status, or a signal's number below zero.
+int EndOf(int status);
+
+// What a shell's command prints, in no language. The test fails when the command does, unless its end is
+// asked for.
+std::string OutputOf(const std::string& command, int* end = nullptr);
 
 // A host of the module in memory.
 class TestHost {

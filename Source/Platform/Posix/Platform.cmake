@@ -38,9 +38,7 @@ if(FOLLOWS_CALLS)
 endif()
 
 # The C library checks sizes in optimised code alone, and hides calls from sanitizers by that.
-string(TOUPPER "CMAKE_CXX_FLAGS_${CMAKE_BUILD_TYPE}" flagsOfType)
-set(allFlags "${CMAKE_CXX_FLAGS} ${${flagsOfType}}")
-if(allFlags MATCHES "-O[1-3gsf]" AND NOT allFlags MATCHES "-fsanitize")
+if(allFlags MATCHES "-O[1-3gsf]" AND NOT SANITIZED)
     add_compile_options(-U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2)
 endif()
 
@@ -48,7 +46,7 @@ endif()
 # sanitizers and fuzzers bring, which clang puts into executables alone.
 function(set_exports library list)
     target_link_options(${library} PRIVATE -Wl,--version-script=${list})
-    if(NOT BUILD_FUZZERS AND NOT CMAKE_CXX_FLAGS MATCHES "-fsanitize")
+    if(NOT BUILD_FUZZERS AND NOT SANITIZED)
         target_link_options(${library} PRIVATE -Wl,-z,defs)
     endif()
     set_target_properties(${library} PROPERTIES LINK_DEPENDS ${list})
